@@ -1,0 +1,25 @@
+# tidewell_room(NAME LINKS lib ...): one folder of src/ as the static library tidewell_NAME,
+# made of every source file in it.
+function(tidewell_room name)
+    cmake_parse_arguments(ROOM "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    string(REPLACE "/" "_" target tidewell_${name})
+    add_library(${target} STATIC ${sources})
+    target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
+endfunction()
+
+# tidewell_test(NAME LINKS lib ...): the tests of one folder of tests/ as the program test_NAME.
+# LABELS headless: needs no display, and is what the sanitizer runs of the CI take.
+function(tidewell_test name)
+    cmake_parse_arguments(TEST "" "" "LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    add_executable(test_${name} ${sources})
+    target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(test_${name} PRIVATE ${TEST_LINKS} tidewell_test_support GTest::gmock)
+    gtest_discover_tests(
+        test_${name}
+        DISCOVERY_MODE PRE_TEST
+        TEST_PREFIX "${name}."
+        PROPERTIES LABELS headless TIMEOUT 120)
+endfunction()

@@ -1,0 +1,132 @@
+#include "config/ConfigurationPath.h"
+
+#include <algorithm>
+#include <cstring>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <vector>
+
+#include "config/Locations.h"
+#include "config/PropertyAccess.h"
+#include "config/PropertyFiles.h"
+#include "foundation/Folders.h"
+#include "foundation/Log.h"
+#include "foundation/Paths.h"
+
+namespace orv {
+
+std::string AgentID;
+
+namespace {
+
+std::string ConfigBasePath;
+
+bool exists(const std::string& path) {
+    struct stat info = {};
+    return stat(path.c_str(), &info) == 0;
+}
+
+/// A label names a folder among the accounts' folders, so it must not lead out of them.
+bool isFolderName(const std::string& label) {
+    return !label.empty() && label != "." && label != ".." &&
+           label.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
+}
+
+void seedAccountFolder(const quelm::Array& accounts, std::size_t row, const std::string& label,
+                       const std::string& folder) {
+    if (exists(folder + "/" + files::userInfo)) return;
+    const auto server = GetStringPropertyForRowInArray(accounts, row, "server_address");
+    const auto web = GetStringPropertyForRowInArray(accounts, row, "web_address");
+    const auto update = GetStringPropertyForRowInArray(accounts, row, "update_address");
+    const auto api = GetStringPropertyForRowInArray(accounts, row, "api_address");
+    if (server && web && update && api) {
+        CreateUserInfo(folder, label, *server, *web, *update, *api);
+    }
+}
+
+/// The folder of the first row that is marked active; none without one and for the account that
+/// uses the default folder.
+std::optional<std::string> activeAccountFolder() {
+    const auto list = LoadArrayFromFile(quelm::ExpandTildeInPath(locations::accountList));
+    const quelm::Array* accounts = list ? list->asArray() : nullptr;
+    if (accounts == nullptr) return std::nullopt;
+
+    std::size_t row = 0;
+    while (row < accounts->size() &&
+           !GetBoolPropertyWithDefaultForRowInArray(*accounts, row, "active_config", false)) {
+        ++row;
+    }
+    if (row == accounts->size()) return std::nullopt;
+    const auto label = GetStringPropertyForRowInArray(*accounts, row, "label_of_config");
+    if (label == "Default") return std::nullopt;
+    if (!label || !isFolderName(*label)) {
+        quelm::LogWarning(
+            fmt::format("the active account's label \"{}\" names no folder; the "
+                        "default configuration is used",
+                        label.value_or("")));
+        return std::nullopt;
+    }
+    std::string folder = quelm::ExpandTildeInPath(locations::accountFolders) + *label;
+    seedAccountFolder(*accounts, row, *label, folder);
+    return folder;
+}
+
+std::string resolveBasePath() {
+    std::string path =
+        activeAccountFolder().value_or(quelm::ExpandTildeInPath(locations::defaultConfiguration));
+    if (!AgentID.empty() && AgentID != "1") path += "/account_" + AgentID;
+    return path;
+}
+
+}  // namespace
+
+void SetConfigBasePath(const std::string& path) {
+    ConfigBasePath = path;
+}
+void ClearConfigBasePath() {
+    ConfigBasePath.clear();
+}
+
+std::string GetConfigurationPath(const char* fileName) {
+    if (ConfigBasePath.empty()) ConfigBasePath = resolveBasePath();
+    return fileName != nullptr ? ConfigBasePath + "/" + fileName : ConfigBasePath;
+}
+
+std::string& GetConfigurationPath(std::string& path, const char* fileName) {
+    path = GetConfigurationPath(fileName);
+    return path;
+}
+
+char* GetConfigurationPath(char* buffer, const char* fileName, std::uint32_t size) {
+    const std::string path = GetConfigurationPath(fileName);
+    std::memcpy(buffer, path.c_str(), std::min<std::size_t>(path.size() + 1, size));
+    return buffer;
+}
+
+std::string GetConfigurationNsPath(const std::optional<std::string>& fileName) {
+    constexpr std::uint32_t size = 1024;
+    std::vector<char> buffer(size);
+    const bool isNamed = fileName && !fileName->empty();
+    GetConfigurationPath(buffer.data(), isNamed ? fileName->c_str() : nullptr, size);
+    buffer.back() = '\0';
+    return buffer.data();
+}
+
+void CreateUserInfo(const std::string& folder, const std::string& label, const std::string& server,
+                    const std::string& webServer, const std::string& updateServer,
+                    const std::string& apiServer) {
+    if (quelm::os::CreateRootFolder(folder) != quelm::os::EStatusCode::SUCCESS) return;
+
+    quelm::Dictionary user = CreateEmptyProperties();
+    SetStringProperty(user, "config_label", label);
+    SetStringProperty(user, "server", server);
+    StorePropertiesToFile(folder + "/" + files::userInfo, user);
+
+    quelm::Dictionary servers = CreateEmptyProperties();
+    SetStringProperty(servers, "web_server", webServer);
+    SetStringProperty(servers, "update_server", updateServer);
+    SetStringProperty(servers, "api_server", apiServer);
+    StorePropertiesToFile(folder + "/" + files::serverInfo, servers);
+}
+
+}  // namespace orv

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+
+// Where the panel and the agent keep what they share. A leading "~" is the user's home.
+
+namespace orv::locations {
+
+/// The configuration of a single account, and of the account labelled "Default".
+inline constexpr std::string_view defaultConfiguration = "~/Library/Preferences/com.corvanta.orv";
+
+/// Holds one folder for each further account, named by the account's label.
+inline constexpr std::string_view accountFolders =
+    "~/Library/Preferences/com.quelm.configs/com.corvanta.orv/";
+
+/// The list of configured accounts.
+inline constexpr std::string_view accountList =
+    "~/Library/Preferences/com.quelm.configs/com.corvanta.orv/alternative_configs.plist";
+
+}  // namespace orv::locations
+
+namespace orv::files {
+
+inline constexpr const char* userInfo = "user_info.plist";
+inline constexpr const char* serverInfo = "server_info.plist";
+
+}  // namespace orv::files

@@ -1,0 +1,107 @@
+#include "config/PropertyFiles.h"
+
+#include <fmt/format.h>
+#include <string_view>
+
+#include "config/DamagedFile.h"
+#include "config/LockedFile.h"
+#include "foundation/Log.h"
+#include "foundation/PropertyList.h"
+
+namespace orv {
+
+namespace {
+
+using quelm::Value;
+
+/// What a file of other data may hold at most, in bytes.
+constexpr std::size_t maximumDataFile = std::size_t{256} << 20U;
+
+std::optional<Value> ReadPropertiesFile(const LockedFile& file) {
+    auto bytes = file.read(quelm::PropertyListLimits{}.bytes);
+    return bytes ? quelm::ReadPropertyList(std::move(*bytes)).value : std::nullopt;
+}
+
+bool WritePropertiesFile(LockedFile& file, const std::string& path, const Value& properties) {
+    const auto text = quelm::WritePropertyList(properties);
+    if (!text) {
+        quelm::LogError(
+            fmt::format("{}: its new content cannot be written as a property list", path));
+        return false;
+    }
+    if (!file.replace(*text)) {
+        quelm::LogError(fmt::format("{}: cannot be written: {}", path, LastError()));
+        return false;
+    }
+    RememberSound(file);
+    return true;
+}
+
+/// Whether the file's present content may go: it is sound, empty or kept in a copy.
+bool mayOverwrite(const LockedFile& file, const std::string& path, bool isSound) {
+    return isSound || file.isEmpty() || KeepDamagedFile(file, path);
+}
+
+}  // namespace
+
+std::optional<Value> LoadPropertiesFromFile(const std::string& path) {
+    const LockedFile file(path);
+    if (!file) return std::nullopt;
+    auto properties = ReadPropertiesFile(file);
+    if (properties) RememberSound(file);
+    return properties;
+}
+
+std::optional<Value> LoadArrayFromFile(const std::string& path) {
+    return LoadPropertiesFromFile(path);
+}
+
+bool StorePropertiesToFile(const std::string& path, const Value& properties) {
+    LockedFile file(path);
+    if (!file) return false;
+    const bool isSound = IsKnownSound(file) || ReadPropertiesFile(file).has_value();
+    if (mayOverwrite(file, path, isSound)) {
+        static_cast<void>(WritePropertiesFile(file, path, properties));
+    }
+    return true;
+}
+
+bool StoreArrayToFile(const std::string& path, const Value& properties) {
+    return StorePropertiesToFile(path, properties);
+}
+
+bool ChangePropertiesInFile(const std::string& path, const quelm::Dictionary& changes) {
+    LockedFile file(path);
+    if (!file) return false;
+    auto properties = ReadPropertiesFile(file);
+    const bool isSound = properties && properties->asDictionary() != nullptr;
+    if (!mayOverwrite(file, path, isSound)) return false;
+
+    if (!isSound) properties = CreateEmptyProperties();
+    for (const auto& [key, value] : changes)
+        properties->asDictionary()->set(key, value);
+    return WritePropertiesFile(file, path, *properties);
+}
+
+bool LoadDataFromFile(const std::string& path, std::string& data) {
+    data.clear();
+    const LockedFile file(path);
+    if (!file) return false;
+    data = file.read(maximumDataFile).value_or("");
+    return true;
+}
+
+bool StoreDataToFile(const std::string& path, const void* data, std::uint32_t length) {
+    LockedFile file(path);
+    return file && file.replace({static_cast<const char*>(data), length});
+}
+
+quelm::Dictionary CreateEmptyProperties() {
+    return {};
+}
+
+void DestroyProperties(std::optional<Value>& properties) {
+    properties.reset();
+}
+
+}  // namespace orv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/AccessLists.h"
+#include "platform/DeviceRegistry.h"
+#include "platform/RunLoop.h"
+#include "platform/Volumes.h"
+#include "platform/Workspace.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace platform {
+
+/// The ports to the system, owned. A program fills it with adapters at its start, a test with
+/// fakes. A port left empty counts as a service that is not there.
+struct Services {
+    std::unique_ptr<RunLoop> runLoop;
+    std::unique_ptr<Volumes> volumes;
+    std::unique_ptr<DeviceRegistry> devices;
+    std::unique_ptr<Workspace> workspace;
+    std::unique_ptr<AccessLists> accessLists;
+};
+
+/// The process's services, for plain functions that have no place for a port; classes take the
+/// ports that they use in their constructor. Filled before the first thread starts.
+[[nodiscard]] Services& ProcessServices();
+
+/// Takes one line about a service that is missing, and how to get it.
+using Reporter = std::function<void(const std::string& line)>;
+
+}  // namespace platform

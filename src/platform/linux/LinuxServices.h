@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Services.h"
+
+namespace platform {
+
+/// The adapters of this system, all but the run loop: only a program with an event loop has one,
+/// and adds it. The reporter is called from any thread.
+[[nodiscard]] Services MakeLinuxServices(Reporter reporter);
+
+}  // namespace platform
