@@ -15,27 +15,39 @@ namespace orv {
 
 namespace {
 
-constexpr std::array<std::string_view, 7> systemPrefixes = {
-    "~/Applications",   "/Applications", "/Network/Applications", "~/Library", "/Library",
-    "/Network/Library", "/System",
+// taken as plain text: "/SystemX" counts
+constexpr std::array<std::string_view, 5> systemPrefixes = {
+    "/Applications", "/Network/Applications", "/Library", "/Network/Library", "/System",
 };
+constexpr std::array<std::string_view, 2> systemPrefixesInHome = {"/Applications", "/Library"};
 
+// taken component by component
 constexpr std::array<std::string_view, 12> systemFolders = {
     "/usr", "/etc",  "/boot", "/dev",   "/proc",  "/sys",
     "/bin", "/sbin", "/lib",  "/lib32", "/lib64", "/libx32",
 };
 
+/// Empty when HOME is unset.
+std::string_view homeFolder() {
+    const char* home = std::getenv("HOME");
+    return home != nullptr ? home : "";
+}
+
 }  // namespace
 
 bool IsSystemPath(std::string_view path) {
-    return path == "/" ||
-           std::ranges::any_of(systemPrefixes,
-                               [&](std::string_view prefix) {
-                                   return path.starts_with(quelm::ExpandTildeInPath(prefix));
-                               }) ||
-           std::ranges::any_of(systemFolders, [&](std::string_view folder) {
-               return quelm::StartsWithPath(path, folder);
-           });
+    const auto beginsPath = [&](std::string_view prefix) { return path.starts_with(prefix); };
+    const auto holdsPath = [&](std::string_view folder) {
+        return quelm::StartsWithPath(path, folder);
+    };
+    if (path == "/" || std::ranges::any_of(systemPrefixes, beginsPath) ||
+        std::ranges::any_of(systemFolders, holdsPath)) {
+        return true;
+    }
+    const std::string_view home = homeFolder();
+    if (!path.starts_with(home)) return false;
+    path.remove_prefix(home.size());
+    return std::ranges::any_of(systemPrefixesInHome, beginsPath);
 }
 
 namespace {
@@ -72,8 +84,7 @@ bool isLocalPath(std::string path) {
 }
 
 bool isInsideUserHome(std::string_view path) {
-    const char* value = std::getenv("HOME");
-    const std::string_view home = value != nullptr ? value : "";
+    const std::string_view home = homeFolder();
     return !home.empty() && path.starts_with(home) && path.size() != home.size();
 }
 

@@ -1,5 +1,7 @@
 #include "foundation/PropertyListBuilder.h"
 
+#include <iterator>
+
 namespace quelm {
 
 bool PropertyListBuilder::fail(std::string_view error) {
@@ -21,7 +23,7 @@ bool PropertyListBuilder::awaitsValue() const {
 
 bool PropertyListBuilder::open(bool isDictionary) {
     if (frames_.size() == limits_.depth) return fail("it is nested too deeply");
-    if (!count(0) || !place({})) return false;
+    if (!count(0) || !mayPlace()) return false;
     frames_.push_back({isDictionary, values_.size(), keys_.size()});
     return true;
 }
@@ -33,30 +35,30 @@ bool PropertyListBuilder::key(std::string key) {
     return true;
 }
 
-bool PropertyListBuilder::place(Value value) {
+bool PropertyListBuilder::mayPlace() {
     if (insideDictionary() && !awaitsValue()) return fail("a value in a dictionary has no key");
     if (frames_.empty() && !values_.empty()) return fail("it holds more than one value");
-    values_.push_back(std::move(value));
     return true;
 }
 
 Array PropertyListBuilder::takeArray(const Frame& frame) {
-    Array items;
-    items.reserve(values_.size() - frame.firstValue);
-    auto value = values_.begin() + static_cast<std::ptrdiff_t>(frame.firstValue);
-    for (; value != values_.end(); ++value)
-        items.push_back(std::move(*value));
+    const auto first = values_.begin() + static_cast<std::ptrdiff_t>(frame.firstValue);
+    Array items(std::make_move_iterator(first), std::make_move_iterator(values_.end()));
+    values_.erase(first, values_.end());
     return items;
 }
 
 Dictionary PropertyListBuilder::takeDictionary(const Frame& frame) {
+    const auto firstValue = values_.begin() + static_cast<std::ptrdiff_t>(frame.firstValue);
+    const auto firstKey = keys_.begin() + static_cast<std::ptrdiff_t>(frame.firstKey);
     std::vector<DictionaryEntry> entries;
-    entries.reserve(keys_.size() - frame.firstKey);
-    auto value = values_.begin() + static_cast<std::ptrdiff_t>(frame.firstValue);
-    auto key = keys_.begin() + static_cast<std::ptrdiff_t>(frame.firstKey);
-    for (; key != keys_.end(); ++key, ++value) {
+    entries.reserve(static_cast<std::size_t>(keys_.end() - firstKey));
+    auto value = firstValue;
+    for (auto key = firstKey; key != keys_.end(); ++key, ++value) {
         entries.push_back({std::move(*key), std::move(*value)});
     }
+    values_.erase(firstValue, values_.end());
+    keys_.erase(firstKey, keys_.end());
     return Dictionary(std::move(entries));
 }
 
@@ -65,15 +67,12 @@ bool PropertyListBuilder::close() {
     if (frame.isDictionary && awaitsValue()) {
         return fail("the last key of a dictionary has no value");
     }
-    Value& container = values_[frame.firstValue - 1];
-    if (frame.isDictionary) {
-        container = takeDictionary(frame);
-    } else {
-        container = takeArray(frame);
-    }
     frames_.pop_back();
-    values_.resize(frame.firstValue);
-    keys_.resize(frame.firstKey);
+    if (frame.isDictionary) {
+        values_.emplace_back(takeDictionary(frame));
+    } else {
+        values_.emplace_back(takeArray(frame));
+    }
     return true;
 }
 

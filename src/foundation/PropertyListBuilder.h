@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,7 +40,13 @@ class PropertyListBuilder {
 
     bool open(bool isDictionary);
     bool count(std::size_t payloadBytes);
-    bool place(Value value);
+    bool mayPlace();
+    template <typename Leaf>
+    bool place(Leaf&& leaf) {
+        if (!mayPlace()) return false;
+        values_.emplace_back(std::forward<Leaf>(leaf));
+        return true;
+    }
     /// Whether the dictionary that is open has a key without a value.
     [[nodiscard]] bool awaitsValue() const;
     [[nodiscard]] Array takeArray(const Frame& frame);
@@ -51,10 +56,9 @@ class PropertyListBuilder {
     std::size_t objects_ = 0;
     std::size_t payload_ = 0;
     std::vector<Frame> frames_;
-    // The root and the members of all open containers, in stacks that never move what they hold; an
-    // open container stands there as a placeholder.
-    std::deque<Value> values_;
-    std::deque<std::string> keys_;
+    // Stacks of the root and the finished members of all open containers.
+    std::vector<Value> values_;
+    std::vector<std::string> keys_;
     std::string error_;
 };
 

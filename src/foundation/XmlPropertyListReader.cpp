@@ -21,6 +21,15 @@ constexpr bool isWhiteSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
+constexpr std::string_view dictionaryName = "dict";
+constexpr std::string_view arrayName = "array";
+
+/// Comparison with a literal, which the compiler does without a call.
+template <std::size_t Size>
+bool is(std::string_view name, const char (&literal)[Size]) {
+    return name.size() == Size - 1 && __builtin_memcmp(name.data(), literal, Size - 1) == 0;
+}
+
 struct Leaf {
     std::string_view name;
     std::optional<Value> (*parse)(std::string_view text);
@@ -62,9 +71,19 @@ class Reader {
     [[nodiscard]] std::string_view rest() const { return text_.substr(pos_); }
     [[nodiscard]] bool atEnd() const { return pos_ == text_.size(); }
 
+    [[nodiscard]] bool atEndTag() const {
+        return pos_ + 1 < text_.size() && text_[pos_] == '<' && text_[pos_ + 1] == '/';
+    }
+
     bool skip(std::string_view token) {
         if (!rest().starts_with(token)) return false;
         pos_ += token.size();
+        return true;
+    }
+
+    bool skip(char c) {
+        if (atEnd() || text_[pos_] != c) return false;
+        ++pos_;
         return true;
     }
 
@@ -134,8 +153,9 @@ class Reader {
     bool readValues() {
         do {
             if (!skipMiscellany()) return false;
-            if (depth_ > 0 && rest().starts_with("</")) {
-                if (!readEndTag(builder_.insideDictionary() ? "dict" : "array")) return false;
+            if (depth_ > 0 && atEndTag()) {
+                if (!readEndTag(builder_.insideDictionary() ? dictionaryName : arrayName))
+                    return false;
                 if (!closeContainer()) return false;
             } else if (!readElement()) {
                 return false;
@@ -180,9 +200,10 @@ class Reader {
     bool readEndTag(std::string_view name) {
         if (atEnd()) return fail("it ends too early");
         const std::size_t start = pos_;
-        if (skip("</") && skip(name)) {
+        pos_ += 2 * std::size_t{atEndTag()};
+        if (pos_ > start && skip(name)) {
             skipWhiteSpace();
-            if (skip(">")) return true;
+            if (skip('>')) return true;
         }
         pos_ = start;
         return fail(fmt::format("<{}> is not closed here", name));
@@ -191,8 +212,8 @@ class Reader {
     bool readElement() {
         Tag tag{};
         if (!readStartTag(tag)) return false;
-        if (tag.name == "string" || tag.name == "key") return readString(tag);
-        if (tag.name == "array" || tag.name == "dict") return readContainer(tag);
+        if (is(tag.name, "string") || is(tag.name, "key")) return readString(tag);
+        if (is(tag.name, "array") || is(tag.name, "dict")) return readContainer(tag);
         for (const Leaf& leaf : leaves) {
             if (tag.name == leaf.name) return readLeaf(tag, leaf);
         }
@@ -200,7 +221,7 @@ class Reader {
     }
 
     bool readContainer(const Tag& tag) {
-        const bool isDictionary = tag.name == "dict";
+        const bool isDictionary = is(tag.name, "dict");
         if (!(isDictionary ? builder_.openDictionary() : builder_.openArray())) return false;
         ++depth_;
         return !tag.isEmpty || closeContainer();
@@ -209,7 +230,7 @@ class Reader {
     bool readString(const Tag& tag) {
         std::string_view text;
         if (!readText(tag, text)) return false;
-        if (tag.name == "string") return builder_.add(std::string(text));
+        if (is(tag.name, "string")) return builder_.add(std::string(text));
         return builder_.key(std::string(text));
     }
 
@@ -225,14 +246,12 @@ class Reader {
     /// together in the buffer.
     bool readText(const Tag& tag, std::string_view& text) {
         if (tag.isEmpty) return true;
-        text = rest().substr(0, rest().find('<'));
-        if (text.find('&') == std::string_view::npos && text.find('\r') == std::string_view::npos &&
-            text_.substr(pos_ + text.size()).starts_with("</")) {
-            pos_ += text.size();
-            return readEndTag(tag.name);
-        }
-        buffer_.clear();
-        while (!rest().starts_with("</")) {
+        const std::size_t start = pos_;
+        pos_ = FindByte(text_, pos_, endsPlainText);
+        text = text_.substr(start, pos_ - start);
+        if (atEndTag()) return readEndTag(tag.name);
+        buffer_ = text;
+        while (!atEndTag()) {
             if (!appendPiece()) return false;
         }
         text = buffer_;
@@ -241,10 +260,10 @@ class Reader {
 
     bool appendPiece() {
         if (atEnd()) return fail("it ends too early");
-        if (skip("&")) return appendReference();
-        if (skip("\r")) {
+        if (skip('&')) return appendReference();
+        if (skip('\r')) {
             // XML knows one kind of line end
-            if (!rest().starts_with("\n")) buffer_ += '\n';
+            if (!rest().starts_with('\n')) buffer_ += '\n';
             return true;
         }
         if (skip("<![CDATA[")) return appendCharacterData();

@@ -1,12 +1,10 @@
-#include "cli/Command.h"
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <fstream>
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <sys/stat.h>
 
+#include "cli/Command.h"
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
 #include "foundation/Log.h"
@@ -56,9 +54,13 @@ TEST_F(CommandLine, AnAccountHasAFolderOfItsOwn) {
 }
 
 TEST_F(CommandLine, WrongUsageIsSaidOnStandardErrorWithStatusTwo) {
-    const std::vector<std::vector<std::string>> wrong = {
-        {}, {"confg"}, {"config"}, {"config", "show"}, {"config", "path", "a", "b"},
-        {"--frobnicate"}, {"--account"}};
+    const std::vector<std::vector<std::string>> wrong = {{},
+                                                         {"confg"},
+                                                         {"config"},
+                                                         {"config", "show"},
+                                                         {"config", "path", "a", "b"},
+                                                         {"--frobnicate"},
+                                                         {"--account"}};
     for (const auto& words : wrong) {
         EXPECT_EQ(run(words), ExitCode::Usage);
         EXPECT_EQ(out.str(), "");
@@ -75,12 +77,12 @@ TEST_F(CommandLine, TheHelpNamesEveryCommand) {
 
 TEST_F(CommandLine, ShowsEveryTypeAsJson) {
     const std::string path = folder.path() + "/all.plist";
-    orv::StorePropertiesToFile(
-        path, quelm::Dictionary{{"array", quelm::Array{1, -2.5, "x"}},
-                                {"data", quelm::Data{std::string("\0\xff", 2)}},
-                                {"date", quelm::Date{0}},
-                                {"no", false},
-                                {"text", "a\"b"}});
+    orv::StorePropertiesToFile(path,
+                               quelm::Dictionary{{"array", quelm::Array{1, -2.5, "x"}},
+                                                 {"data", quelm::Data{std::string("\0\xff", 2)}},
+                                                 {"date", quelm::Date{0}},
+                                                 {"no", false},
+                                                 {"text", "a\"b"}});
     ASSERT_EQ(run({"config", "show", path, "--json"}), ExitCode::Done) << err.str();
     const auto expected = nlohmann::json::parse(R"({
         "array": [1, -2.5, "x"], "data": {"data": "AP8="},

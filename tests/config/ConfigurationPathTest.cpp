@@ -1,11 +1,9 @@
-#include "config/ConfigurationPath.h"
-
+#include <array>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <array>
-#include <filesystem>
-
+#include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
 #include "foundation/Log.h"
 #include "support/ScopedEnvironment.h"
@@ -35,9 +33,8 @@ class ConfigurationPath : public testing::Test {
     }
 
     static Dictionary row(const char* label) {
-        return {{"active_config", true},    {"label_of_config", label},
-                {"server_address", "s"},    {"web_address", "w"},
-                {"update_address", "u"},    {"api_address", "a"}};
+        return {{"active_config", true}, {"label_of_config", label}, {"server_address", "s"},
+                {"web_address", "w"},    {"update_address", "u"},    {"api_address", "a"}};
     }
 
     test_support::TemporaryFolder folder;
@@ -106,8 +103,7 @@ TEST_F(ConfigurationPath, AnAgentOfSeveralHasAFolderInTheBasePath) {
 
 TEST_F(ConfigurationPath, IsKeptUntilItIsCleared) {
     ASSERT_EQ(orv::GetConfigurationPath(), standard);
-    ASSERT_TRUE(orv::StoreArrayToFile(accounts + "/alternative_configs.plist",
-                                      Array{row("Work")}));
+    ASSERT_TRUE(orv::StoreArrayToFile(accounts + "/alternative_configs.plist", Array{row("Work")}));
     EXPECT_EQ(orv::GetConfigurationPath(), standard);
     orv::ClearConfigBasePath();
     EXPECT_EQ(orv::GetConfigurationPath(), accounts + "/Work");

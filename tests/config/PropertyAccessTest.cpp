@@ -1,10 +1,9 @@
-#include "config/PropertyAccess.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <limits>
+
+#include "config/PropertyAccess.h"
 
 namespace {
 

@@ -1,17 +1,15 @@
-#include "config/PropertyFiles.h"
-
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <thread>
-
+#include "config/PropertyFiles.h"
 #include "foundation/FileDescriptor.h"
 #include "foundation/Log.h"
 #include "foundation/PropertyList.h"
@@ -101,9 +99,9 @@ TEST_F(PropertyFiles, ALinkIsFollowedAndStays) {
 }
 
 TEST_F(PropertyFiles, WhatCannotBeParsedIsKeptBeforeItIsOverwritten) {
-    const std::vector<std::string> damaged = {
-        "<plist><dict><key>a</key>", "garbage", "bplist00\x01", "<plist><array/></plist>",
-        std::string("<plist><dict/></plist>\0\0", 24)};
+    const std::vector<std::string> damaged = {"<plist><dict><key>a</key>", "garbage",
+                                              "bplist00\x01", "<plist><array/></plist>",
+                                              std::string("<plist><dict/></plist>\0\0", 24)};
     for (const std::string& content : damaged) {
         writeRaw(path, content);
         ASSERT_TRUE(orv::ChangePropertiesInFile(path, {{"a", 1}}));
@@ -174,7 +172,8 @@ TEST_F(PropertyFiles, EveryOperationWaitsForTheLock) {
     ASSERT_TRUE(holder);
     std::thread other([&] { EXPECT_TRUE(orv::ChangePropertiesInFile(path, {{"b", 2}})); });
     // whatever the other thread has reached, nothing may have changed while the lock is held
-    for (int i = 0; i < 1000; ++i) std::this_thread::yield();
+    for (int i = 0; i < 1000; ++i)
+        std::this_thread::yield();
     EXPECT_EQ(ContentOf(path).find("<key>b</key>"), std::string::npos);
     holder.reset();
     other.join();
@@ -190,8 +189,8 @@ TEST_F(PropertyFiles, TwoProcessesThatMergeLoseNoKey) {
         if (child == 0) {
             bool merged = true;
             for (int i = 0; i < merges; ++i) {
-                merged = merged &&
-                         orv::ChangePropertiesInFile(path, {{prefix + std::to_string(i), i}});
+                merged =
+                    merged && orv::ChangePropertiesInFile(path, {{prefix + std::to_string(i), i}});
             }
             _exit(merged ? 0 : 1);
         }

@@ -13,7 +13,8 @@ using quelm::Value;
 
 std::string bigEndian(std::uint64_t value, std::size_t bytes) {
     std::string text(bytes, '\0');
-    for (; bytes > 0; value >>= 8U) text[--bytes] = static_cast<char>(value & 0xFFU);
+    for (; bytes > 0; value >>= 8U)
+        text[--bytes] = static_cast<char>(value & 0xFFU);
     return text;
 }
 
@@ -43,7 +44,8 @@ std::string binary(const std::vector<std::string>& objects, const Trailer& trail
 
 std::string bytes(std::initializer_list<int> values) {
     std::string text;
-    for (const int value : values) text += static_cast<char>(value);
+    for (const int value : values)
+        text += static_cast<char>(value);
     return text;
 }
 
@@ -72,8 +74,8 @@ TEST(BinaryPropertyList, EveryKindOfObjectIsRead) {
         const auto result = ReadPropertyList(binary({object}));
         EXPECT_EQ(result.value, value) << result.error;
     }
-    EXPECT_EQ(ReadPropertyList(binary({bytes({0xD2, 1, 2, 3, 4}), "Qb", "Qa", bytes({0xA1, 4}),
-                                       bytes({0x09})}))
+    EXPECT_EQ(ReadPropertyList(
+                  binary({bytes({0xD2, 1, 2, 3, 4}), "Qb", "Qa", bytes({0xA1, 4}), bytes({0x09})}))
                   .value,
               Value(Dictionary{{"a", true}, {"b", Array{true}}}));
 }
@@ -113,8 +115,7 @@ TEST(BinaryPropertyList, DamagedFilesAreRefused) {
 }
 
 TEST(BinaryPropertyList, EveryTruncationIsRefused) {
-    const std::string whole =
-        binary({bytes({0xD1, 1, 2}), "Qa", bytes({0xA2, 3, 3}), "\x53xyz"});
+    const std::string whole = binary({bytes({0xD1, 1, 2}), "Qa", bytes({0xA2, 3, 3}), "\x53xyz"});
     ASSERT_TRUE(ReadPropertyList(whole).value);
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_FALSE(ReadPropertyList(whole.substr(0, length)).value) << length;
@@ -125,7 +126,8 @@ TEST(BinaryPropertyList, SharedAndCircularReferencesEndSoon) {
     EXPECT_FALSE(ReadPropertyList(binary({bytes({0xA1, 0})})).value) << "an array in itself";
     // 40 arrays that each hold the next one twice: 2^40 values from a file of 250 bytes
     std::vector<std::string> doubling;
-    for (int i = 1; i <= 40; ++i) doubling.push_back(bytes({0xA2, i, i}));
+    for (int i = 1; i <= 40; ++i)
+        doubling.push_back(bytes({0xA2, i, i}));
     doubling.push_back(bytes({0x09}));
     EXPECT_FALSE(ReadPropertyList(binary(doubling)).value);
     // a long string that a thousand members share

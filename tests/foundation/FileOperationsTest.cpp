@@ -1,11 +1,10 @@
+#include <cerrno>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
-
-#include <cerrno>
-#include <filesystem>
-#include <regex>
 
 #include "foundation/AccessListCopy.h"
 #include "foundation/FileAccess.h"
@@ -93,7 +92,8 @@ TEST_F(FileOperations, ANewFolderTakesItsParentsListWithoutDeniesForEveryone) {
 }
 
 TEST_F(FileOperations, EntriesAreListedByPattern) {
-    for (const char* name : {"report.txt", "a\nb", ".hidden", "Report.TXT"}) folder.makeFile(name);
+    for (const char* name : {"report.txt", "a\nb", ".hidden", "Report.TXT"})
+        folder.makeFile(name);
     const auto list = [&](const std::string& pattern) {
         std::set<std::string> names;
         EXPECT_EQ(ListFolderEntries(names, folder.path(), pattern), EStatusCode::SUCCESS);
@@ -178,8 +178,10 @@ TEST_F(FileOperations, TheFileTypeComesFromTheNameAndThenFromTheContent) {
 
 TEST_F(FileOperations, AnExtensionFollowsTheLastDotWithoutWhiteSpace) {
     const std::vector<std::pair<std::string_view, std::string_view>> cases = {
-        {"a.b", "b"}, {"report.final.txt", "txt"}, {".bashrc", ""}, {"end.", ""},
-        {"a. b", ""}, {"a.b c", ""}, {".a", ""},   {"", ""}};
+        {"a.b", "b"},    {"report.final.txt", "txt"},
+        {".bashrc", ""}, {"end.", ""},
+        {"a. b", ""},    {"a.b c", ""},
+        {".a", ""},      {"", ""}};
     for (const auto& [name, extension] : cases) {
         EXPECT_EQ(quelm::GetFilenameExtension(name), extension) << name;
     }
@@ -219,7 +221,8 @@ TEST_F(FileOperations, GeneratedNamesAreNewFiles) {
     EXPECT_EQ(GenerateFilename(folder / "absent", 8, ""), "");
     // one character and one suffix give 35 names, of which one is free
     const std::string alphabet = "0123456789abcdefghijkmnopqrstuvwxyz";
-    for (const char c : alphabet.substr(1)) folder.makeFile(std::string("one/") + c);
+    for (const char c : alphabet.substr(1))
+        folder.makeFile(std::string("one/") + c);
     for (const std::string& name = GenerateFilename(folder / "one", 1, ""); !name.empty();) {
         EXPECT_EQ(name, "0");
         break;
@@ -234,7 +237,10 @@ TEST_F(FileOperations, NamesAreMadeValid) {
     EXPECT_EQ(ValidFilename(std::string("a\0b", 3)), "a_b");
     EXPECT_EQ(ValidFilename(""), "");
     EXPECT_EQ(FilenameConvert("caf\u00e9"), "cafe\u0301");
-    EXPECT_EQ(FilenameConvert("not\xff" "utf8"), "not\xff" "utf8");
+    EXPECT_EQ(FilenameConvert("not\xff"
+                              "utf8"),
+              "not\xff"
+              "utf8");
 }
 
 TEST_F(FileOperations, OpenFilesAreListedBelowTheirFolder) {

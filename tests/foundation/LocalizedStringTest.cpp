@@ -1,8 +1,7 @@
-#include "foundation/LocalizedString.h"
-
 #include <gtest/gtest.h>
 
 #include "foundation/ApplicationBundle.h"
+#include "foundation/LocalizedString.h"
 #include "foundation/Log.h"
 #include "foundation/PropertyList.h"
 #include "support/ScopedEnvironment.h"
@@ -27,7 +26,8 @@ TEST(FormatText, FillsWhatTranslatorsWrite) {
         {"%@ %@ %u", "disk -3 9223372036854775808"},
         {"%4$.1f %1$@ %2$.1f", "2.2 disk -3.0"},
     };
-    for (const auto& [format, text] : cases) EXPECT_EQ(FormatText(format, arguments), text);
+    for (const auto& [format, text] : cases)
+        EXPECT_EQ(FormatText(format, arguments), text);
 }
 
 TEST(FormatText, NoFormatReachesBeyondTheArguments) {

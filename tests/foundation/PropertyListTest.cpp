@@ -1,13 +1,11 @@
-#include "foundation/PropertyList.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 #include <locale>
 
 #include "foundation/Base64.h"
 #include "foundation/IsoDate.h"
+#include "foundation/PropertyList.h"
 
 namespace {
 
@@ -25,7 +23,9 @@ std::string document(std::string_view body) {
            std::string(body) + "</plist>";
 }
 
-std::optional<Value> read(std::string_view body) { return ReadPropertyList(document(body)).value; }
+std::optional<Value> read(std::string_view body) {
+    return ReadPropertyList(document(body)).value;
+}
 
 Value sample() {
     return Dictionary{
@@ -98,13 +98,15 @@ TEST(PropertyList, ReadsTheFormsThatOthersWrite) {
          Dictionary{{"a", 2}}},
         {"<array>\n</array>", Array{}},
     };
-    for (const auto& [body, value] : cases) EXPECT_EQ(read(body), value) << body;
+    for (const auto& [body, value] : cases)
+        EXPECT_EQ(read(body), value) << body;
     EXPECT_TRUE(std::isnan(*read("<real>nan</real>")->asReal()));
     EXPECT_EQ(ReadPropertyList("<dict/>").value, Value(Dictionary{}));
     EXPECT_EQ(ReadPropertyList("\xEF\xBB\xBF<plist><true/></plist>").value, Value(true));
     const std::string utf16 = "<plist><string>a</string></plist>";
     std::string encoded = "\xFE\xFF";
-    for (const char c : utf16) encoded += {'\0', c};
+    for (const char c : utf16)
+        encoded += {'\0', c};
     EXPECT_EQ(ReadPropertyList(encoded).value, Value("a"));
 }
 
@@ -146,7 +148,8 @@ TEST(PropertyList, MalformedListsAreRefusedWithAReason) {
         document("<string>bell\a</string>"),
         document(std::string("<string>a\0b</string>", 20)),
         "bplist00",
-        "<!DOCTYPE p [<!ENTITY a \"aaaa\"><!ENTITY b \"&a;&a;\">]><plist><string>&b;</string></plist>",
+        "<!DOCTYPE p [<!ENTITY a \"aaaa\"><!ENTITY b "
+        "\"&a;&a;\">]><plist><string>&b;</string></plist>",
     };
     for (const std::string& text : malformed) {
         const auto result = ReadPropertyList(text);
@@ -158,8 +161,10 @@ TEST(PropertyList, MalformedListsAreRefusedWithAReason) {
 TEST(PropertyList, BoundsHold) {
     const auto nested = [](std::size_t depth) {
         std::string text;
-        for (std::size_t i = 0; i < depth; ++i) text += "<array>";
-        for (std::size_t i = 0; i < depth; ++i) text += "</array>";
+        for (std::size_t i = 0; i < depth; ++i)
+            text += "<array>";
+        for (std::size_t i = 0; i < depth; ++i)
+            text += "</array>";
         return text;
     };
     EXPECT_TRUE(read(nested(200)));
@@ -167,7 +172,8 @@ TEST(PropertyList, BoundsHold) {
     EXPECT_FALSE(read(nested(513)));
     EXPECT_FALSE(ReadPropertyList(nested(1'000'000)).value);
     Value tooDeep = Array{};
-    for (int i = 0; i < 512; ++i) tooDeep = Array{std::move(tooDeep)};
+    for (int i = 0; i < 512; ++i)
+        tooDeep = Array{std::move(tooDeep)};
     EXPECT_FALSE(WritePropertyList(tooDeep));
 
     const quelm::PropertyListLimits small{.bytes = 200, .depth = 4, .objects = 5};
@@ -181,9 +187,9 @@ TEST(PropertyList, BoundsHold) {
 }
 
 TEST(PropertyList, WhatNoReaderWouldTakeIsNotWritten) {
-    for (const Value& value : {Value("\x01"), Value("\xff"), Value(std::string("a\0b", 3)),
-                               Value("\uFFFE"), Value(Date{1e20}), Value(Date{std::nan("")}),
-                               Value(Dictionary{{"\a", 1}})}) {
+    for (const Value& value :
+         {Value("\x01"), Value("\xff"), Value(std::string("a\0b", 3)), Value("\uFFFE"),
+          Value(Date{1e20}), Value(Date{std::nan("")}), Value(Dictionary{{"\a", 1}})}) {
         EXPECT_EQ(WritePropertyList(value), std::nullopt) << value;
         EXPECT_EQ(WritePropertyList(Array{value}), std::nullopt) << value;
     }
@@ -202,8 +208,8 @@ TEST(Base64, EveryLengthComesBack) {
 }
 
 TEST(IsoDate, CoversTheYearsOneTo9999) {
-    for (const char* text : {"0001-01-01T00:00:00Z", "1969-12-31T23:59:59Z",
-                             "2000-02-29T12:00:00Z", "9999-12-31T23:59:59Z"}) {
+    for (const char* text : {"0001-01-01T00:00:00Z", "1969-12-31T23:59:59Z", "2000-02-29T12:00:00Z",
+                             "9999-12-31T23:59:59Z"}) {
         const auto seconds = quelm::ParseIsoDate(text);
         ASSERT_TRUE(seconds) << text;
         EXPECT_EQ(quelm::FormatIsoDate(static_cast<double>(*seconds)), text);

@@ -1,17 +1,15 @@
-#include "foundation/SafeRemoval.h"
-
+#include <atomic>
 #include <fcntl.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <atomic>
-#include <filesystem>
 #include <thread>
+#include <unistd.h>
 
 #include "foundation/FileDescriptor.h"
 #include "foundation/Log.h"
+#include "foundation/SafeRemoval.h"
 #include "support/PrivateMounts.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
@@ -23,7 +21,9 @@ using namespace quelm::os;
 
 class SafeRemoval : public testing::Test {
  protected:
-    SafeRemoval() { quelm::SetLogSink([](std::string_view) {}); }
+    SafeRemoval() {
+        quelm::SetLogSink([](std::string_view) {});
+    }
     ~SafeRemoval() override { quelm::SetLogSink({}); }
 
     test_support::TemporaryFolder folder;
@@ -96,7 +96,9 @@ TEST_F(SafeRemoval, WhatLinksLeadToStays) {
     folder.makeFile("trap/a/b/c");
     folder.makeFile("trap/a/line\nbreak");
     folder.makeFile("trap/a/" + std::string(255, 'n'));
-    folder.makeFile("trap/bad\xff" "name");
+    folder.makeFile(
+        "trap/bad\xff"
+        "name");
     folder.makeLink("trap/a/to-folder", folder.path() + "/outside");
     folder.makeLink("trap/to-file", outside);
     folder.makeLink("trap/up", "..");
@@ -164,7 +166,8 @@ TEST_F(SafeRemoval, FoldersThatAreExchangedForLinksLeadNowhere) {
                       RENAME_EXCHANGE);
         }
     });
-    for (int i = 0; i < 50; ++i) static_cast<void>(RemoveFolderSafely(folder / "tree", rules));
+    for (int i = 0; i < 50; ++i)
+        static_cast<void>(RemoveFolderSafely(folder / "tree", rules));
     stop = true;
     swapper.join();
     EXPECT_EQ(test_support::ContentOf(outside), "keep");

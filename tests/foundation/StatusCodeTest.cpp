@@ -1,10 +1,9 @@
-#include "foundation/StatusCode.h"
-
-#include <gtest/gtest.h>
-
 #include <cerrno>
+#include <gtest/gtest.h>
 #include <utility>
 #include <vector>
+
+#include "foundation/StatusCode.h"
 
 namespace {
 
@@ -35,7 +34,8 @@ TEST(StatusCode, ErrorNumbersAreMappedByName) {
         {EMFILE, EStatusCode::FAILURE},
         {-1, EStatusCode::FAILURE},
     };
-    for (const auto& [error, status] : cases) EXPECT_EQ(StatusCodeForErrno(error), status) << error;
+    for (const auto& [error, status] : cases)
+        EXPECT_EQ(StatusCodeForErrno(error), status) << error;
 }
 
 TEST(StatusCode, ExtendedErrorsAreCoarser) {

@@ -1,13 +1,11 @@
-#include "foundation/Texts.h"
-
-#include <gtest/gtest.h>
-
 #include <filesystem>
+#include <gtest/gtest.h>
 
 #include "foundation/Escaping.h"
 #include "foundation/LongDateTime.h"
 #include "foundation/Paths.h"
 #include "foundation/SystemVersion.h"
+#include "foundation/Texts.h"
 #include "foundation/Utf8.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
@@ -29,7 +27,8 @@ TEST(Texts, SizesChangeTheirUnitAtPowersOf1024) {
         {1'073'741'824, "1.0 GB"},
         {5'000'000'000'000, "4656.6 GB"},
     };
-    for (const auto& [bytes, text] : cases) EXPECT_EQ(quelm::FileSizeString(bytes), text);
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(quelm::FileSizeString(bytes), text);
 }
 
 TEST(Texts, DatesAreLocalOrNumeric) {
@@ -112,21 +111,32 @@ TEST(Escaping, EveryPositionOfALongTextIsSeen) {
 
 TEST(Escaping, UnescapingReversesAndLeavesWhatIsNoEscape) {
     std::string everyAsciiByte;
-    for (char c = 0; c < 127; ++c) everyAsciiByte += c;
+    for (char c = 0; c < 127; ++c)
+        everyAsciiByte += c;
     EXPECT_EQ(UnescapeString(EscapeString(everyAsciiByte)), everyAsciiByte);
     const std::vector<std::pair<std::string, std::string>> cases = {
-        {"%41;%ff;", "A\xff"}, {"%", "%"},        {"%;", "%;"},       {"%4", "%4"},
-        {"%4g;", "%4g;"},      {"%%41;", "%A"},   {"&amp;lt;", "&lt;"}, {"&unknown;&", "&unknown;&"},
-        {"%000041;", "A"},     {"%100;", "%100;"}, {"%41;%100;&amp;", "%41;%100;&amp;"},
+        {"%41;%ff;", "A\xff"},
+        {"%", "%"},
+        {"%;", "%;"},
+        {"%4", "%4"},
+        {"%4g;", "%4g;"},
+        {"%%41;", "%A"},
+        {"&amp;lt;", "&lt;"},
+        {"&unknown;&", "&unknown;&"},
+        {"%000041;", "A"},
+        {"%100;", "%100;"},
+        {"%41;%100;&amp;", "%41;%100;&amp;"},
         {"%FFFFFFFFFFFFFFFFFFFF;", "%FFFFFFFFFFFFFFFFFFFF;"},
     };
-    for (const auto& [text, unescaped] : cases) EXPECT_EQ(UnescapeString(text), unescaped) << text;
+    for (const auto& [text, unescaped] : cases)
+        EXPECT_EQ(UnescapeString(text), unescaped) << text;
 }
 
 TEST(Utf8, CharactersAreMeasured) {
     EXPECT_EQ(quelm::DecodeCharFromUtf8String("a"), 1U);
     EXPECT_EQ(quelm::DecodeCharFromUtf8String("\u4e2dx"), 3U);
-    for (const char* invalid : {"", "\x80", "\xc3", "\xc0\xaf", "\xed\xa0\x80", "\xf5\x80\x80\x80"}) {
+    for (const char* invalid :
+         {"", "\x80", "\xc3", "\xc0\xaf", "\xed\xa0\x80", "\xf5\x80\x80\x80"}) {
         EXPECT_EQ(quelm::DecodeCharFromUtf8String(invalid), 0U);
     }
     EXPECT_TRUE(quelm::IsValidUtf8(std::string(100, 'a') + "\u00e9\u00e9"));
