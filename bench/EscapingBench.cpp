@@ -2,7 +2,7 @@
 #include <cstring>
 #include <string>
 
-#include "foundation/Escaping.h"
+#include "foundation/texts/Escaping.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "foundation/ParsedPath.h"
-#include "foundation/PathClassification.h"
+#include "foundation/paths/ParsedPath.h"
+#include "foundation/paths/PathClassification.h"
 
 namespace {
 

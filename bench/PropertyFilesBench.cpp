@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "config/PropertyFiles.h"
-#include "foundation/FileDescriptor.h"
+#include "foundation/files/FileIo.h"
 #include "support/TemporaryFolder.h"
 
 namespace {

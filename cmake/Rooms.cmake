@@ -1,8 +1,12 @@
 # tidewell_room(NAME LINKS lib ...): one folder of src/ as the static library tidewell_NAME,
-# made of every source file in it.
+# made of every source file in it and in the subfolders that AREAS names.
 function(tidewell_room name)
-    cmake_parse_arguments(ROOM "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "" "" "AREAS;LINKS;PRIVATE_LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    foreach(area ${ROOM_AREAS})
+        file(GLOB area_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${area}/*.cpp)
+        list(APPEND sources ${area_sources})
+    endforeach()
     string(REPLACE "/" "_" target tidewell_${name})
     add_library(${target} STATIC ${sources})
     target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)

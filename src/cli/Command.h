@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/LocalizedString.h"
+#include "foundation/system/LocalizedString.h"
 
 #include <iosfwd>
 #include <span>

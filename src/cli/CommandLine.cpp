@@ -1,14 +1,14 @@
-#include "cli/Command.h"
-#include "cli/Commands.h"
-#include "config/ConfigurationPath.h"
-#include "foundation/LocalizedString.h"
-
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <optional>
 #include <ostream>
+
+#include "cli/Command.h"
+#include "cli/Commands.h"
+#include "config/ConfigurationPath.h"
+#include "foundation/system/LocalizedString.h"
 
 namespace orv::cli {
 

@@ -1,12 +1,12 @@
-#include "cli/Commands.h"
-#include "cli/ValueText.h"
-#include "config/ConfigurationPath.h"
-#include "foundation/LocalizedString.h"
-#include "foundation/PropertyList.h"
-
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <ostream>
+
+#include "cli/Commands.h"
+#include "cli/ValueText.h"
+#include "config/ConfigurationPath.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/LocalizedString.h"
 
 namespace orv::cli {
 

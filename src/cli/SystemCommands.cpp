@@ -1,15 +1,15 @@
-#include "cli/Commands.h"
-#include "cli/ValueText.h"
-#include "foundation/DeviceIdentity.h"
-#include "foundation/LocalizedString.h"
-#include "foundation/ParsedPath.h"
-#include "foundation/PathClassification.h"
-#include "platform/Services.h"
-
 #include <filesystem>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <ostream>
+
+#include "cli/Commands.h"
+#include "cli/ValueText.h"
+#include "foundation/paths/ParsedPath.h"
+#include "foundation/paths/PathClassification.h"
+#include "foundation/system/DeviceIdentity.h"
+#include "foundation/system/LocalizedString.h"
+#include "platform/Services.h"
 
 namespace orv::cli {
 

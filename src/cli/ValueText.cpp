@@ -1,12 +1,12 @@
 #include "cli/ValueText.h"
 
-#include "foundation/Base64.h"
-#include "foundation/IsoDate.h"
-
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <nlohmann/json.hpp>
 #include <ostream>
+
+#include "foundation/texts/Base64.h"
+#include "foundation/texts/IsoDate.h"
 
 namespace orv::cli {
 

@@ -9,9 +9,9 @@
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
-#include "foundation/Folders.h"
-#include "foundation/Log.h"
-#include "foundation/Paths.h"
+#include "foundation/files/Folders.h"
+#include "foundation/paths/Paths.h"
+#include "foundation/system/Log.h"
 
 namespace orv {
 

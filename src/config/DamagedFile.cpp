@@ -12,8 +12,8 @@
 #include <tuple>
 #include <unistd.h>
 
-#include "foundation/FileDescriptor.h"
-#include "foundation/Log.h"
+#include "foundation/files/FileIo.h"
+#include "foundation/system/Log.h"
 
 namespace orv {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <sys/stat.h>
 
-#include "foundation/FileDescriptor.h"
+#include "foundation/files/FileIo.h"
 
 namespace orv {
 

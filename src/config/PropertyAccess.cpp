@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "foundation/Utf8.h"
+#include "foundation/texts/Utf8.h"
 
 namespace orv {
 

@@ -5,8 +5,8 @@
 
 #include "config/DamagedFile.h"
 #include "config/LockedFile.h"
-#include "foundation/Log.h"
-#include "foundation/PropertyList.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/Log.h"
 
 namespace orv {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/Value.h"
-
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/Value.h"
 
 namespace platform {
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+
 #include "platform/AccessLists.h"
 #include "platform/DeviceRegistry.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
 #include "platform/Workspace.h"
-
-#include <functional>
-#include <memory>
-#include <string>
 
 namespace platform {
 

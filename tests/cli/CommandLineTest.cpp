@@ -7,7 +7,7 @@
 #include "cli/Command.h"
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
-#include "foundation/Log.h"
+#include "foundation/system/Log.h"
 #include "platform/Services.h"
 #include "support/FakeVolumes.h"
 #include "support/ScopedEnvironment.h"

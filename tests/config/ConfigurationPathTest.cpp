@@ -5,7 +5,7 @@
 
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
-#include "foundation/Log.h"
+#include "foundation/system/Log.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 

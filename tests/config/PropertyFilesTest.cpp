@@ -10,9 +10,9 @@
 #include <unistd.h>
 
 #include "config/PropertyFiles.h"
-#include "foundation/FileDescriptor.h"
-#include "foundation/Log.h"
-#include "foundation/PropertyList.h"
+#include "foundation/files/FileIo.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/Log.h"
 #include "support/PrivateMounts.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "foundation/PropertyList.h"
+#include "foundation/propertylist/PropertyList.h"
 
 namespace {
 

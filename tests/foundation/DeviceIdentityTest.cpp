@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "foundation/DeviceIdentity.h"
-#include "foundation/Md5.h"
+#include "foundation/system/DeviceIdentity.h"
+#include "foundation/system/Md5.h"
 #include "platform/Services.h"
 
 namespace quelm {

@@ -6,14 +6,14 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-#include "foundation/AccessListCopy.h"
-#include "foundation/FileAccess.h"
-#include "foundation/FileType.h"
-#include "foundation/Filenames.h"
-#include "foundation/Folders.h"
-#include "foundation/Metainfo.h"
-#include "foundation/OpenFiles.h"
-#include "foundation/Trash.h"
+#include "foundation/files/AccessListCopy.h"
+#include "foundation/files/FileAccess.h"
+#include "foundation/files/FileType.h"
+#include "foundation/files/Filenames.h"
+#include "foundation/files/Folders.h"
+#include "foundation/files/Metainfo.h"
+#include "foundation/files/OpenFiles.h"
+#include "foundation/files/Trash.h"
 #include "platform/Services.h"
 #include "support/FakeAccessLists.h"
 #include "support/FakeWorkspace.h"

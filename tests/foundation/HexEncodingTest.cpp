@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "foundation/HexEncoding.h"
+#include "foundation/texts/HexEncoding.h"
 
 namespace quelm {
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "foundation/ApplicationBundle.h"
-#include "foundation/LocalizedString.h"
-#include "foundation/Log.h"
-#include "foundation/PropertyList.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/ApplicationBundle.h"
+#include "foundation/system/LocalizedString.h"
+#include "foundation/system/Log.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 

@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "foundation/ParsedPath.h"
+#include "foundation/paths/ParsedPath.h"
 
 namespace quelm {
 

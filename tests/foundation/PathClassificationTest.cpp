@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
-#include "foundation/Log.h"
-#include "foundation/PathClassification.h"
+#include "foundation/paths/PathClassification.h"
+#include "foundation/system/Log.h"
 #include "platform/Services.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "foundation/PathPrefix.h"
+#include "foundation/paths/PathPrefix.h"
 
 namespace {
 

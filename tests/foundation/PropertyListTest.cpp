@@ -3,9 +3,9 @@
 #include <limits>
 #include <locale>
 
-#include "foundation/Base64.h"
-#include "foundation/IsoDate.h"
-#include "foundation/PropertyList.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/texts/Base64.h"
+#include "foundation/texts/IsoDate.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <thread>
 #include <unistd.h>
 
-#include "foundation/FileDescriptor.h"
-#include "foundation/Log.h"
-#include "foundation/SafeRemoval.h"
+#include "foundation/files/FileIo.h"
+#include "foundation/files/SafeRemoval.h"
+#include "foundation/system/Log.h"
 #include "support/PrivateMounts.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"

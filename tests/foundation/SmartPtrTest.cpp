@@ -3,8 +3,8 @@
 #include <thread>
 #include <vector>
 
-#include "foundation/CfMutableArray.h"
-#include "foundation/SmartPtr.h"
+#include "foundation/threads/CfMutableArray.h"
+#include "foundation/threads/SmartPtr.h"
 
 namespace quelm {
 

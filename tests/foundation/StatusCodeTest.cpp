@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "foundation/StatusCode.h"
+#include "foundation/files/StatusCode.h"
 
 namespace {
 

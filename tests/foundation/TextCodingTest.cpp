@@ -7,8 +7,8 @@
 #include <locale>
 #include <sstream>
 
-#include "foundation/TextDecoder.h"
-#include "foundation/TextEncoder.h"
+#include "foundation/texts/TextDecoder.h"
+#include "foundation/texts/TextEncoder.h"
 
 namespace quelm {
 

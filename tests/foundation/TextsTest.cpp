@@ -1,12 +1,12 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "foundation/Escaping.h"
-#include "foundation/LongDateTime.h"
-#include "foundation/Paths.h"
-#include "foundation/SystemVersion.h"
-#include "foundation/Texts.h"
-#include "foundation/Utf8.h"
+#include "foundation/paths/Paths.h"
+#include "foundation/system/SystemVersion.h"
+#include "foundation/texts/Escaping.h"
+#include "foundation/texts/LongDateTime.h"
+#include "foundation/texts/Texts.h"
+#include "foundation/texts/Utf8.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 

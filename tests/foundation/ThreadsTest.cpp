@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
-#include "foundation/DetachedThread.h"
-#include "foundation/SyncEvent.h"
+#include "foundation/threads/DetachedThread.h"
+#include "foundation/threads/SyncEvent.h"
 
 namespace quelm {
 

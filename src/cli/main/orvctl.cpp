@@ -1,6 +1,6 @@
 #include "cli/Command.h"
-#include "foundation/ApplicationBundle.h"
-#include "foundation/Log.h"
+#include "foundation/system/ApplicationBundle.h"
+#include "foundation/system/Log.h"
 #include "platform/linux/LinuxServices.h"
 
 #include <exception>

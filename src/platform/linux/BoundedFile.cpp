@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <fcntl.h>
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 namespace platform {
 

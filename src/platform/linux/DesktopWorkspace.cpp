@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 #include <utility>
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 #include "platform/linux/TrashInfo.h"
 #include "platform/linux/UniformTypes.h"
 

@@ -9,7 +9,7 @@
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 namespace platform {
 

@@ -1,0 +1,36 @@
+#include "foundation/paths/Paths.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace quelm {
+
+std::string GetAbsolutePath(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+    return resolved ? std::string(resolved.get()) : path;
+}
+
+std::string ExpandTildeInPath(std::string_view path) {
+    if (!path.starts_with('~')) return std::string(path);
+    const char* home = std::getenv("HOME");
+    return std::string(home != nullptr ? home : "").append(path.substr(1));
+}
+
+std::string_view GetLastPathComponent(std::string_view path) {
+    const auto slash = path.rfind('/');
+    return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
+std::string_view RemoveLastPathComponent(std::string_view path) {
+    const auto slash = path.rfind('/');
+    return slash == std::string_view::npos ? std::string_view() : path.substr(0, slash);
+}
+
+std::string_view RemoveLastSlashFromPath(std::string_view path) {
+    while (path.size() > 1 && path.ends_with('/'))
+        path.remove_suffix(1);
+    return path;
+}
+
+}  // namespace quelm
