@@ -1,12 +1,12 @@
 #pragma once
 
-#include "foundation/system/LocalizedString.h"
-
 #include <iosfwd>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "foundation/system/LocalizedString.h"
 
 namespace orv::cli {
 

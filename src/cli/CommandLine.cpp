@@ -82,7 +82,8 @@ std::optional<std::string> parse(const std::vector<std::string>& words, Invocati
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
         if (word == "--") {
-            invocation.words.insert(invocation.words.end(), words.begin() + i + 1, words.end());
+            const auto rest = words.begin() + static_cast<std::ptrdiff_t>(i) + 1;
+            invocation.words.insert(invocation.words.end(), rest, words.end());
             break;
         }
         if (word == "--json") {

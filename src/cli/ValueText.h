@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Value.h"
-
 #include <iosfwd>
 #include <string>
+
+#include "platform/Value.h"
 
 namespace orv::cli {
 

@@ -1,10 +1,10 @@
+#include <exception>
+#include <iostream>
+
 #include "cli/Command.h"
 #include "foundation/system/ApplicationBundle.h"
 #include "foundation/system/Log.h"
 #include "platform/linux/LinuxServices.h"
-
-#include <exception>
-#include <iostream>
 
 // The composition root of orvctl.
 int main(int argc, char** argv) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <sys/stat.h>
-
 #include <cstddef>
 #include <string>
+#include <sys/stat.h>
 
 #include "platform/FileDescriptor.h"
 
