@@ -23,10 +23,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             long long difference = 0;
             std::vector<Kind> kinds;
             switch (data[0] % 4) {
-                case 0: decoder >> text; break;
-                case 1: decoder >> number >> text; break;
-                case 2: decoder >> difference; break;
-                default: decoder >> kinds; break;
+                case 0:
+                    decoder >> text;
+                    break;
+                case 1:
+                    decoder >> number >> text;
+                    break;
+                case 2:
+                    decoder >> difference;
+                    break;
+                default:
+                    decoder >> kinds;
+                    break;
             }
         }
     } catch (const quelm::CTextDecodingException&) {

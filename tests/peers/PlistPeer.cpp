@@ -2,10 +2,9 @@
 //                                  apart, or "unparsable"
 // plist_peer make SEED COUNT DIR   writes generated values to DIR/0.plist and so on, as XML, and
 //                                  prints the same lines for them
-#include <fmt/format.h>
-
 #include <bit>
 #include <cstdlib>
+#include <fmt/format.h>
 #include <fstream>
 #include <random>
 #include <string>
@@ -18,22 +17,31 @@ namespace {
 
 using quelm::Value;
 
-std::string hex(const std::string& bytes) { return quelm::CHexEncoding::Encode(bytes); }
+std::string hex(const std::string& bytes) {
+    return quelm::CHexEncoding::Encode(bytes);
+}
 
 std::string line(const Value& value) {
     switch (value.type()) {
-        case Value::Type::Boolean: return fmt::format("b:{:d}", *value.asBoolean());
-        case Value::Type::Integer: return fmt::format("i:{}", *value.asInteger());
+        case Value::Type::Boolean:
+            return fmt::format("b:{:d}", *value.asBoolean());
+        case Value::Type::Integer:
+            return fmt::format("i:{}", *value.asInteger());
         case Value::Type::Real:
             return fmt::format("r:{:016x}", std::bit_cast<std::uint64_t>(*value.asReal()));
-        case Value::Type::String: return "s:" + hex(*value.asString());
-        case Value::Type::Data: return "d:" + hex(value.asData()->bytes);
-        case Value::Type::Date: return fmt::format("t:{:.0f}", value.asDate()->secondsSince1970);
-        default: break;
+        case Value::Type::String:
+            return "s:" + hex(*value.asString());
+        case Value::Type::Data:
+            return "d:" + hex(value.asData()->bytes);
+        case Value::Type::Date:
+            return fmt::format("t:{:.0f}", value.asDate()->secondsSince1970);
+        default:
+            break;
     }
     std::string members;
     if (const auto* array = value.asArray()) {
-        for (const Value& item : *array) members += line(item) + ",";
+        for (const Value& item : *array)
+            members += line(item) + ",";
         return "[" + members + "]";
     }
     for (const auto& [key, item] : *value.asDictionary()) {
@@ -48,21 +56,31 @@ class Generator {
 
     Value value(unsigned depth) {
         switch (random_() % (depth > 0 ? 9 : 7)) {
-            case 0: return random_() % 2 == 0;
-            case 1: return static_cast<std::int64_t>(random_());
-            case 2: return static_cast<std::int64_t>(random_() % 200) - 100;
-            case 3: return real();
-            case 4: return text();
-            case 5: return quelm::Data{bytes()};
-            case 6: return quelm::Date{static_cast<double>(random_() % 4'000'000'000)};
-            case 7: return array(depth - 1);
-            default: return dictionary(depth - 1);
+            case 0:
+                return random_() % 2 == 0;
+            case 1:
+                return static_cast<std::int64_t>(random_());
+            case 2:
+                return static_cast<std::int64_t>(random_() % 200) - 100;
+            case 3:
+                return real();
+            case 4:
+                return text();
+            case 5:
+                return quelm::Data{bytes()};
+            case 6:
+                return quelm::Date{static_cast<double>(random_() % 4'000'000'000)};
+            case 7:
+                return array(depth - 1);
+            default:
+                return dictionary(depth - 1);
         }
     }
 
     quelm::Dictionary dictionary(unsigned depth) {
         quelm::Dictionary result;
-        for (auto n = random_() % 6; n > 0; --n) result.set("k" + text(), value(depth));
+        for (auto n = random_() % 6; n > 0; --n)
+            result.set("k" + text(), value(depth));
         return result;
     }
 
@@ -77,19 +95,22 @@ class Generator {
         static const std::vector<std::string> pieces = {
             "a", "Z", " ", "&", "<", ">", "\"", "'", "]]>", "\t", "\n", "\r", "é", "中", "😀", "%"};
         std::string result;
-        for (auto n = random_() % 12; n > 0; --n) result += pieces[random_() % pieces.size()];
+        for (auto n = random_() % 12; n > 0; --n)
+            result += pieces[random_() % pieces.size()];
         return result;
     }
 
     std::string bytes() {
         std::string result;
-        for (auto n = random_() % 40; n > 0; --n) result += static_cast<char>(random_());
+        for (auto n = random_() % 40; n > 0; --n)
+            result += static_cast<char>(random_());
         return result;
     }
 
     quelm::Array array(unsigned depth) {
         quelm::Array result;
-        for (auto n = random_() % 6; n > 0; --n) result.push_back(value(depth));
+        for (auto n = random_() % 6; n > 0; --n)
+            result.push_back(value(depth));
         return result;
     }
 

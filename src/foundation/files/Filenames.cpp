@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <memory>
 #include <random>
 #include <sys/stat.h>
@@ -51,7 +52,8 @@ std::string_view GetFilenameExtension(std::string_view name) {
 std::string CreateTempFilename() {
     constexpr std::string_view uniquePart = "XXXXXXXXXXXX";
     for (int i = 0; i < attempts; ++i) {
-        std::string path = "/var/tmp/" + randomText(uniquePart.size(), nameAlphabet);
+        std::string path = "/var/tmp/";
+        path += randomText(uniquePart.size(), nameAlphabet);
         if (!exists(path)) return path;
     }
     return {};
@@ -83,8 +85,8 @@ std::string GenerateFilename(const std::string& folder, std::size_t length,
                              const std::string& suffix) {
     for (int i = 0; i < attempts; ++i) {
         std::string name = randomText(length, nameAlphabet) + suffix;
-        const FileDescriptor created(
-            open((folder + "/" + name).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        const FileDescriptor created(open(fmt::format("{}/{}", folder, name).c_str(),
+                                          O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
         if (created) return name;
     }
     return {};

@@ -36,7 +36,7 @@ void addLanguage(std::vector<std::string>& languages, std::string_view locale) {
 
 }  // namespace
 
-Bundle::Bundle(std::string resourcesFolder, std::vector<std::string> languages)
+Bundle::Bundle(std::string resourcesFolder, const std::vector<std::string>& languages)
     : resourcesFolder_(std::move(resourcesFolder)) {
     for (const std::string& language : languages)
         load(language);

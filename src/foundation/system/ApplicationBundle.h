@@ -14,7 +14,7 @@ namespace quelm {
 class Bundle {
  public:
     /// `languages` in order of preference ("de_DE", "de"); English stands behind them.
-    Bundle(std::string resourcesFolder, std::vector<std::string> languages);
+    Bundle(std::string resourcesFolder, const std::vector<std::string>& languages);
 
     [[nodiscard]] const std::string& resourcesFolder() const { return resourcesFolder_; }
 

@@ -10,15 +10,17 @@ namespace {
 constexpr std::string_view alphabet =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-constexpr std::array<std::int8_t, 256> makeReverse() {
-    std::array<std::int8_t, 256> reverse = {};
-    reverse.fill(-1);
+constexpr std::uint8_t noDigit = 255;
+
+constexpr std::array<std::uint8_t, 256> makeReverse() {
+    std::array<std::uint8_t, 256> reverse = {};
+    reverse.fill(noDigit);
     for (std::size_t i = 0; i < alphabet.size(); ++i) {
-        reverse[static_cast<unsigned char>(alphabet[i])] = static_cast<std::int8_t>(i);
+        reverse[static_cast<unsigned char>(alphabet[i])] = static_cast<std::uint8_t>(i);
     }
     return reverse;
 }
-constexpr std::array<std::int8_t, 256> reverseAlphabet = makeReverse();
+constexpr std::array<std::uint8_t, 256> reverseAlphabet = makeReverse();
 
 constexpr std::string_view whiteSpace = " \t\r\n";
 
@@ -52,9 +54,9 @@ std::optional<std::string> DecodeBase64(std::string_view text) {
             ++padding;
             continue;
         }
-        const int digit = reverseAlphabet[static_cast<unsigned char>(c)];
-        if (digit < 0 || padding != 0) return std::nullopt;
-        bits = bits << 6U | static_cast<std::uint32_t>(digit);
+        const std::uint8_t digit = reverseAlphabet[static_cast<unsigned char>(c)];
+        if (digit == noDigit || padding != 0) return std::nullopt;
+        bits = bits << 6U | digit;
         if (++digits % 4 != 1) bytes += static_cast<char>(bits >> (8 - digits % 4 * 2) % 8 & 255U);
     }
     const bool complete = digits % 4 != 1 && padding == (4 - digits % 4) % 4;

@@ -42,7 +42,7 @@ CTextDecoder& CTextDecoder::operator>>(long long& value) {
 }
 
 CTextDecoder& CTextDecoder::operator>>(std::string& text) {
-    constexpr unsigned long chunk = 64 * 1024;
+    constexpr unsigned long chunk = std::size_t{64} * 1024;
     unsigned long missing = 0;
     *this >> missing;
     buffer_.clear();

@@ -14,7 +14,7 @@ template <typename Record>
 std::string nameOf(std::uint32_t id,
                    int (*look)(std::uint32_t, Record*, char*, std::size_t, Record**),
                    char* Record::*name) {
-    constexpr std::size_t largest = 1024 * 1024;  // a group's members are in it
+    constexpr std::size_t largest = std::size_t{1024} * 1024;  // a group's members are in it
     for (std::vector<char> buffer(1024); buffer.size() <= largest;
          buffer.resize(buffer.size() * 4)) {
         Record record = {};

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-Services MakeLinuxServices(Reporter reporter) {
+Services MakeLinuxServices(const Reporter& reporter) {
     return {.runLoop = nullptr,
             .volumes = std::make_unique<MountInfoVolumes>("/proc/self/mountinfo", "/sys", reporter),
             .devices =

@@ -17,7 +17,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t largestTable = 32 * 1024 * 1024;
+constexpr std::size_t largestTable = std::size_t{32} * 1024 * 1024;
 constexpr std::string_view deviceFolder = "/dev/";
 constexpr std::string_view mapperFolder = "/dev/mapper/";
 

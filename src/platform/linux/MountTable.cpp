@@ -8,7 +8,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t longestLine = 64 * 1024;
+constexpr std::size_t longestLine = std::size_t{64} * 1024;
 constexpr std::size_t mostEntries = 100'000;  // fs.mount-max
 
 // the fields before the optional ones, and from the dash that ends those
