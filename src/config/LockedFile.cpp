@@ -9,10 +9,10 @@ namespace orv {
 
 LockedFile::LockedFile(const std::string& path) : fd_(quelm::OpenExclusive(path, status_)) {}
 
-std::optional<std::string> LockedFile::read(std::size_t limit) const {
+std::optional<FileContent> LockedFile::read(std::size_t limit) const {
     const auto size = static_cast<std::size_t>(status_.st_size);
     if (size > limit) return std::nullopt;
-    std::string content(size, '\0');
+    FileContent content(size);
     if (quelm::ReadExact(fd_.get(), content.data(), size) != size) return std::nullopt;
     return content;
 }

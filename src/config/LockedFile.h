@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,19 @@
 #include "foundation/files/FileIo.h"
 
 namespace orv {
+
+/// Bytes that were read from a file.
+class FileContent {
+ public:
+    explicit FileContent(std::size_t size)
+        : bytes_(std::make_unique_for_overwrite<char[]>(size)), size_(size) {}
+    [[nodiscard]] char* data() { return bytes_.get(); }
+    [[nodiscard]] std::string_view view() const { return {bytes_.get(), size_}; }
+
+ private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_;
+};
 
 /// A file that this process alone works on: the exclusive lock is held as long as the object lives.
 class LockedFile {
@@ -24,7 +38,7 @@ class LockedFile {
     [[nodiscard]] bool isEmpty() const { return status_.st_size == 0; }
 
     /// None for a file larger than `limit` and when reading fails.
-    [[nodiscard]] std::optional<std::string> read(std::size_t limit) const;
+    [[nodiscard]] std::optional<FileContent> read(std::size_t limit) const;
 
     /// Reserves the space, writes from the first byte and cuts off what is longer. On failure
     /// errno says why; when there is no space the file is as it was.

@@ -18,8 +18,8 @@ using quelm::Value;
 constexpr std::size_t maximumDataFile = std::size_t{256} << 20U;
 
 std::optional<Value> ReadPropertiesFile(const LockedFile& file) {
-    auto bytes = file.read(quelm::PropertyListLimits{}.bytes);
-    return bytes ? quelm::ReadPropertyList(std::move(*bytes)).value : std::nullopt;
+    const auto content = file.read(quelm::PropertyListLimits{}.bytes);
+    return content ? quelm::ReadPropertyList(content->view()).value : std::nullopt;
 }
 
 bool WritePropertiesFile(LockedFile& file, const std::string& path, const Value& properties) {
@@ -87,7 +87,7 @@ bool LoadDataFromFile(const std::string& path, std::string& data) {
     data.clear();
     const LockedFile file(path);
     if (!file) return false;
-    data = file.read(maximumDataFile).value_or("");
+    if (const auto content = file.read(maximumDataFile)) data = content->view();
     return true;
 }
 

@@ -183,7 +183,7 @@ TEST(PropertyList, BoundsHold) {
     EXPECT_FALSE(ReadPropertyList(std::string(201, ' '), small).value);
     std::string huge = "<plist><string>";
     huge.resize(quelm::PropertyListLimits{}.bytes + 1, 'x');
-    EXPECT_FALSE(ReadPropertyList(std::move(huge)).value);
+    EXPECT_FALSE(ReadPropertyList(huge).value);
 }
 
 TEST(PropertyList, WhatNoReaderWouldTakeIsNotWritten) {

@@ -12,11 +12,11 @@
 
 namespace quelm {
 
-PropertyListResult ReadPropertyList(std::string bytes, const PropertyListLimits& limits) {
+PropertyListResult ReadPropertyList(std::string_view bytes, const PropertyListLimits& limits) {
     if (bytes.empty()) return {std::nullopt, "it is empty"};
     if (bytes.size() > limits.bytes) return {std::nullopt, "it is too large"};
     if (bytes.starts_with(binaryPropertyListMagic)) return ReadBinaryPropertyList(bytes, limits);
-    return ReadXmlPropertyList(std::move(bytes), limits);
+    return ReadXmlPropertyList(bytes, limits);
 }
 
 PropertyListResult ReadPropertyListFile(const std::string& path) {
@@ -35,7 +35,7 @@ PropertyListResult ReadPropertyListFile(const std::string& path) {
     if (size > PropertyListLimits{}.bytes) return {std::nullopt, "it is too large"};
     std::string bytes(size, '\0');
     bytes.resize(ReadExact(fd.get(), bytes.data(), bytes.size()));
-    return ReadPropertyList(std::move(bytes));
+    return ReadPropertyList(bytes);
 }
 
 }  // namespace quelm

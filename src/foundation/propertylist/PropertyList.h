@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/Value.h"
 
@@ -25,7 +26,7 @@ struct PropertyListResult {
 /// Reads an XML or a binary property list. Whatever the bytes are, it neither recurses nor uses
 /// memory or time beyond the limits. Strings come as UTF-8; integers beyond 64 signed bits, invalid
 /// dates and characters that XML forbids make the list unparsable.
-[[nodiscard]] PropertyListResult ReadPropertyList(std::string bytes,
+[[nodiscard]] PropertyListResult ReadPropertyList(std::string_view bytes,
                                                   const PropertyListLimits& limits = {});
 
 /// Reads a file without changing or making it, under a shared lock that is waited for.

@@ -9,18 +9,6 @@ bool PropertyListBuilder::fail(std::string_view error) {
     return false;
 }
 
-bool PropertyListBuilder::count(std::size_t payloadBytes) {
-    payload_ += payloadBytes;
-    if (++objects_ > limits_.objects) return fail("it holds too many values");
-    // one value may be referred to many times in the binary form
-    return payload_ <= limits_.bytes || fail("its values are too large");
-}
-
-bool PropertyListBuilder::awaitsValue() const {
-    const Frame& frame = frames_.back();
-    return keys_.size() - frame.firstKey > values_.size() - frame.firstValue;
-}
-
 bool PropertyListBuilder::open(bool isDictionary) {
     if (frames_.size() == limits_.depth) return fail("it is nested too deeply");
     if (!count(0) || !mayPlace()) return false;
@@ -32,12 +20,6 @@ bool PropertyListBuilder::key(std::string key) {
     if (!insideDictionary() || awaitsValue()) return fail("a key stands in a wrong place");
     if (!count(key.size())) return false;
     keys_.push_back(std::move(key));
-    return true;
-}
-
-bool PropertyListBuilder::mayPlace() {
-    if (insideDictionary() && !awaitsValue()) return fail("a value in a dictionary has no key");
-    if (frames_.empty() && !values_.empty()) return fail("it holds more than one value");
     return true;
 }
 

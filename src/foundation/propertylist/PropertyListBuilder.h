@@ -39,8 +39,18 @@ class PropertyListBuilder {
     };
 
     bool open(bool isDictionary);
-    bool count(std::size_t payloadBytes);
-    bool mayPlace();
+    // in the header, because they run for every value
+    bool count(std::size_t payloadBytes) {
+        payload_ += payloadBytes;
+        if (++objects_ > limits_.objects) return fail("it holds too many values");
+        // one value may be referred to many times in the binary form
+        return payload_ <= limits_.bytes || fail("its values are too large");
+    }
+    bool mayPlace() {
+        if (insideDictionary() && !awaitsValue()) return fail("a value in a dictionary has no key");
+        if (frames_.empty() && !values_.empty()) return fail("it holds more than one value");
+        return true;
+    }
     template <typename Leaf>
     bool place(Leaf&& leaf) {
         if (!mayPlace()) return false;
@@ -48,7 +58,10 @@ class PropertyListBuilder {
         return true;
     }
     /// Whether the dictionary that is open has a key without a value.
-    [[nodiscard]] bool awaitsValue() const;
+    [[nodiscard]] bool awaitsValue() const {
+        const Frame& frame = frames_.back();
+        return keys_.size() - frame.firstKey > values_.size() - frame.firstValue;
+    }
     [[nodiscard]] Array takeArray(const Frame& frame);
     [[nodiscard]] Dictionary takeDictionary(const Frame& frame);
 

@@ -10,7 +10,7 @@ namespace quelm {
 // The two forms that `ReadPropertyList` tells apart by the first bytes. The caller has checked
 // the size.
 
-[[nodiscard]] PropertyListResult ReadXmlPropertyList(std::string bytes,
+[[nodiscard]] PropertyListResult ReadXmlPropertyList(std::string_view bytes,
                                                      const PropertyListLimits& limits);
 
 [[nodiscard]] PropertyListResult ReadBinaryPropertyList(std::string_view bytes,

@@ -302,27 +302,27 @@ class Reader {
     PropertyListBuilder builder_;
 };
 
-/// A byte order mark tells UTF-16; without one the text is UTF-8.
-bool convertToUtf8(std::string& bytes) {
-    std::optional<std::string> converted;
-    if (bytes.starts_with("\xFE\xFF")) {
-        converted = Utf8FromUtf16(std::string_view(bytes).substr(2), ByteOrder::BigEndian);
-    } else if (bytes.starts_with("\xFF\xFE")) {
-        converted = Utf8FromUtf16(std::string_view(bytes).substr(2), ByteOrder::LittleEndian);
-    } else {
-        return true;
+/// A byte order mark tells UTF-16, which is converted into the buffer; without one the text is
+/// UTF-8. None for what is not text.
+std::optional<std::string_view> textOf(std::string_view bytes, std::string& buffer) {
+    const bool isBig = bytes.starts_with("\xFE\xFF");
+    if (isBig || bytes.starts_with("\xFF\xFE")) {
+        auto converted =
+            Utf8FromUtf16(bytes.substr(2), isBig ? ByteOrder::BigEndian : ByteOrder::LittleEndian);
+        if (!converted) return std::nullopt;
+        buffer = std::move(*converted);
+        bytes = buffer;
     }
-    if (converted) bytes = std::move(*converted);
-    return converted.has_value();
+    return IsXmlText(bytes) ? std::optional(bytes) : std::nullopt;
 }
 
 }  // namespace
 
-PropertyListResult ReadXmlPropertyList(std::string bytes, const PropertyListLimits& limits) {
-    if (!convertToUtf8(bytes) || !IsXmlText(bytes)) {
-        return {std::nullopt, "it is neither text nor a binary property list"};
-    }
-    return Reader(bytes, limits).run();
+PropertyListResult ReadXmlPropertyList(std::string_view bytes, const PropertyListLimits& limits) {
+    std::string buffer;
+    const auto text = textOf(bytes, buffer);
+    if (!text) return {std::nullopt, "it is neither text nor a binary property list"};
+    return Reader(*text, limits).run();
 }
 
 }  // namespace quelm
