@@ -52,7 +52,7 @@ constexpr std::array<std::string_view, 4> serialProperties = {"UUID", "Serial Nu
 /// Far deeper than any tree of devices; ends the walk in one that loops.
 constexpr int maxLevels = 64;
 
-std::optional<Value> findSerialNumber(DeviceRegistry& devices,
+std::optional<Value> FindSerialNumber(DeviceRegistry& devices,
                                       std::optional<DeviceRegistry::Entry> entry) {
     for (int level = 0; entry && level < maxLevels; ++level) {
         for (const auto name : serialProperties) {
@@ -94,7 +94,7 @@ bool GetBsdDeviceSerialNumber(std::string_view bsdName, char* buffer, std::size_
     auto* devices = ProcessServices().devices.get();
     if (devices == nullptr) return false;
     const auto serial =
-        serialText(findSerialNumber(*devices, devices->entryForBsdName(bsdName)), size - 1);
+        serialText(FindSerialNumber(*devices, devices->entryForBsdName(bsdName)), size - 1);
     if (!serial) return false;
     buffer[serial->copy(buffer, size - 1)] = '\0';
     return true;
@@ -106,7 +106,8 @@ bool GetVolumeSerialNumber(const std::string& path, char* buffer, std::size_t si
     auto* volumes = ProcessServices().volumes.get();
     if (volumes == nullptr) return false;
     const auto volume = volumes->volumeOf(path).volume;
-    return volume && GetBsdDeviceSerialNumber(GetLastPathComponent(volume->device), buffer, size);
+    return volume && volume->local &&
+           GetBsdDeviceSerialNumber(GetLastPathComponent(volume->device), buffer, size);
 }
 
 namespace {
@@ -116,7 +117,7 @@ std::set<std::string> devicesWithSerial(DeviceRegistry& devices, std::string_vie
     for (const auto& entry : devices.matching("IOMedia", {})) {
         const auto property = devices.property(entry, "BSD Name");
         const auto* name = property ? property->asString() : nullptr;
-        if (name != nullptr && serialText(findSerialNumber(devices, entry)) == serial) {
+        if (name != nullptr && serialText(FindSerialNumber(devices, entry)) == serial) {
             found.insert("/dev/" + *name);
         }
     }

@@ -1,6 +1,6 @@
 #include "foundation/texts/Texts.h"
 
-#include <fmt/format.h>
+#include <fmt/printf.h>
 
 namespace quelm {
 
@@ -11,18 +11,18 @@ std::string FileSizeString(std::int64_t bytes) {
     const auto in = [bytes](std::int64_t unit) {
         return static_cast<double>(bytes) / static_cast<double>(unit);
     };
-    if (bytes < kilobyte) return fmt::format("{} B", bytes);
-    if (bytes < megabyte) return fmt::format("{:.1f} KB", in(kilobyte));
-    if (bytes < gigabyte) return fmt::format("{:.1f} MB", in(megabyte));
-    return fmt::format("{:.1f} GB", in(gigabyte));
+    if (bytes < kilobyte) return fmt::sprintf("%lld B", bytes);
+    if (bytes < megabyte) return fmt::sprintf("%.1f KB", in(kilobyte));
+    if (bytes < gigabyte) return fmt::sprintf("%.1f MB", in(megabyte));
+    return fmt::sprintf("%.1f GB", in(gigabyte));
 }
 
 std::string DateToString(std::time_t seconds, bool numeric) {
-    if (numeric) return fmt::format("{}", static_cast<unsigned long>(seconds));
+    if (numeric) return fmt::sprintf("%lu", static_cast<unsigned long>(seconds));
     std::tm local = {};
     localtime_r(&seconds, &local);
-    return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", local.tm_year + 1900,
-                       local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+    return fmt::sprintf("%04d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900, local.tm_mon + 1,
+                        local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
 }
 
 std::uint64_t Hash(std::string_view text) {
