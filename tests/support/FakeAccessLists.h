@@ -15,25 +15,18 @@ namespace test_support {
 class FakeAccessLists final : public platform::AccessLists {
  public:
     std::map<std::string, platform::AccessList> lists;
-    /// Path to the errno that reading or writing it fails with.
+    /// Path to the errno that reading it fails with.
     std::map<std::string, int> readErrors;
-    std::map<std::string, int> writeErrors;
-    /// Every `write` that succeeded, in order.
+    /// Every `write`, in order.
     std::vector<std::pair<std::string, platform::AccessList>> written;
 
     std::optional<platform::AccessList> read(const std::string& path) override {
-        if (const auto error = readErrors.find(path); error != readErrors.end()) {
-            errno = error->second;
-            return std::nullopt;
-        }
-        const auto found = lists.find(path);
-        return found != lists.end() ? found->second : platform::AccessList{};
+        if (!readErrors.contains(path)) return lists[path];
+        errno = readErrors[path];
+        return std::nullopt;
     }
 
     int write(const std::string& path, const platform::AccessList& list) override {
-        if (const auto error = writeErrors.find(path); error != writeErrors.end()) {
-            return error->second;
-        }
         written.emplace_back(path, list);
         auto& own = lists[path];
         own.insert(own.end(), list.begin(), list.end());

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/DeviceRegistry.h"
@@ -27,8 +26,7 @@ class FakeDeviceRegistry final : public platform::DeviceRegistry {
         std::vector<Entry> entries;
         for (const auto& device : devices) {
             const bool matches = std::ranges::all_of(propertyMatch, [&](const auto& wanted) {
-                const auto* const value = device.properties.find(wanted.key);
-                return value && *value == wanted.value;
+                return property(device.entry, wanted.key) == wanted.value;
             });
             if (matches && device.serviceClass == serviceClass) entries.push_back(device.entry);
         }
@@ -36,28 +34,21 @@ class FakeDeviceRegistry final : public platform::DeviceRegistry {
     }
 
     std::optional<Entry> entryForBsdName(std::string_view bsdName) override {
-        for (const auto& device : devices) {
-            const auto* const name = device.properties.find("BSD Name");
-            if (name && *name == quelm::Value(bsdName)) return device.entry;
-        }
-        return std::nullopt;
+        const auto found = std::ranges::find_if(devices, [&](const Device& device) {
+            return property(device.entry, "BSD Name") == quelm::Value(bsdName);
+        });
+        return found != devices.end() ? std::optional(found->entry) : std::nullopt;
     }
 
     std::optional<Entry> parent(const Entry& entry) override {
-        const auto* const device = find(entry);
-        return device ? device->parent : std::nullopt;
+        const auto found = std::ranges::find(devices, entry, &Device::entry);
+        return found != devices.end() ? found->parent : std::nullopt;
     }
 
     std::optional<quelm::Value> property(const Entry& entry, std::string_view name) override {
-        const auto* const device = find(entry);
-        const auto* const value = device ? device->properties.find(name) : nullptr;
-        return value ? std::optional(*value) : std::nullopt;
-    }
-
- private:
-    const Device* find(const Entry& entry) const {
         const auto found = std::ranges::find(devices, entry, &Device::entry);
-        return found != devices.end() ? &*found : nullptr;
+        const auto* const value = found != devices.end() ? found->properties.find(name) : nullptr;
+        return value ? std::optional(*value) : std::nullopt;
     }
 };
 

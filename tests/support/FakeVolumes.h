@@ -20,27 +20,19 @@ class FakeVolumes final : public platform::Volumes {
     std::vector<platform::Volume> mounted() override { return volumes; }
 
     Lookup volumeOf(const std::string& path) override {
-        if (const auto error = errors.find(path); error != errors.end()) {
-            return {std::nullopt, error->second};
-        }
+        if (errors.contains(path)) return {std::nullopt, errors[path]};
         const platform::Volume* best = nullptr;
         for (const auto& volume : volumes) {
-            const bool longer = !best || volume.mountPoint.size() >= best->mountPoint.size();
-            if (longer && lies(path, volume.mountPoint)) best = &volume;
+            const auto& above = volume.mountPoint;
+            const bool holds = above == "/" || (path + "/").starts_with(above + "/");
+            if (holds && (!best || above.size() >= best->mountPoint.size())) best = &volume;
         }
-        if (!best) return {std::nullopt, "No such device"};
-        return {*best, {}};
+        return best ? Lookup{*best, {}} : Lookup{std::nullopt, "No such device"};
     }
 
     std::optional<platform::DiskDescription> diskDescription(const std::string& device) override {
         const auto found = disks.find(device);
-        if (found == disks.end()) return std::nullopt;
-        return found->second;
-    }
-
- private:
-    static bool lies(const std::string& path, const std::string& mountPoint) {
-        return mountPoint == "/" || path == mountPoint || path.starts_with(mountPoint + "/");
+        return found != disks.end() ? std::optional(found->second) : std::nullopt;
     }
 };
 

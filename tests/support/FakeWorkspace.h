@@ -25,8 +25,7 @@ class FakeWorkspace final : public platform::Workspace {
 
     std::optional<std::string> contentType(const std::string& path) override {
         const auto found = types.find(path);
-        if (found == types.end()) return std::nullopt;
-        return found->second;
+        return found != types.end() ? std::optional(found->second) : std::nullopt;
     }
 };
 

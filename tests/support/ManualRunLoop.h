@@ -1,12 +1,12 @@
 #pragma once
 
-#include <condition_variable>
-#include <cstdint>
+#include <algorithm>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "platform/RunLoop.h"
@@ -18,45 +18,104 @@ namespace test_support {
 /// themselves for ever) throws std::logic_error.
 class ManualRunLoop final : public platform::RunLoop {
  public:
-    explicit ManualRunLoop(TimePoint start = TimePoint(std::chrono::seconds(1'700'000'000)));
-    ~ManualRunLoop() override;
+    using Duration = std::chrono::milliseconds;
 
-    void post(Task task) override;
-    [[nodiscard]] std::unique_ptr<Timer> after(std::chrono::milliseconds delay, Task task) override;
+    void post(Task task) override {
+        const std::lock_guard lock(mutex_);
+        tasks_.push_back(std::move(task));
+    }
+    [[nodiscard]] std::unique_ptr<Timer> after(Duration delay, Task task) override {
+        return add({now_ + std::max(delay, Duration(0)), Duration(0), std::move(task)});
+    }
     /// An interval is at least a millisecond.
-    [[nodiscard]] std::unique_ptr<Timer> every(std::chrono::milliseconds interval,
-                                               Task task) override;
-    int runModal() override;
-    void stopModal(int code) override;
-    void processPending() override { advance(std::chrono::milliseconds::zero()); }
+    [[nodiscard]] std::unique_ptr<Timer> every(Duration interval, Task task) override {
+        interval = std::max(interval, Duration(1));
+        return add({now_ + interval, interval, std::move(task)});
+    }
+    int runModal() override {
+        std::optional<int> code;
+        sessions_.push_back(&code);
+        while (!code && runOne(TimePoint::max())) {
+        }
+        sessions_.pop_back();
+        if (!code) throw std::logic_error("a modal session that nothing stops");
+        return *code;
+    }
+    void stopModal(int code) override {
+        if (!sessions_.empty()) *sessions_.back() = code;
+    }
+    void processPending() override { advance(Duration(0)); }
     [[nodiscard]] TimePoint now() const override { return now_; }
 
     /// Runs what is posted and then every timer that falls due, each at its own time, and what
     /// these post.
-    void advance(std::chrono::milliseconds duration);
-    /// Waits until another thread has posted, then runs it; false when none does for ten seconds.
-    [[nodiscard]] bool waitForPost();
-    /// Timers whose handle is alive and that will fire.
-    [[nodiscard]] std::size_t timerCount() const;
-    [[nodiscard]] std::size_t modalDepth() const { return sessions_.size(); }
+    void advance(Duration duration) {
+        const TimePoint end = now_ + duration;
+        while (runOne(end)) {
+        }
+        now_ = std::max(now_, end);
+    }
 
  private:
-    struct Alarm;
-    struct Handle;
-    using Alarms = std::vector<std::shared_ptr<Alarm>>;
+    struct Alarm {
+        TimePoint due;
+        Duration interval;  // zero fires once
+        Task task;          // empty while it runs and once it is done
+    };
+    struct Handle final : Timer {
+        std::shared_ptr<Alarm> alarm;
+    };
 
-    std::unique_ptr<Timer> add(std::chrono::milliseconds delay, bool repeats, Task task);
-    [[nodiscard]] std::shared_ptr<Alarm> nextAlarm() const;
-    void fire(const std::shared_ptr<Alarm>& alarm);
+    std::unique_ptr<Timer> add(Alarm alarm) {
+        std::erase_if(alarms_, [](const auto& other) { return other.expired(); });
+        auto handle = std::make_unique<Handle>();
+        handle->alarm = std::make_shared<Alarm>(std::move(alarm));
+        alarms_.push_back(handle->alarm);
+        return handle;
+    }
+
     /// One posted task, or one timer that is due by `limit`; false when there is neither.
-    bool runOne(TimePoint limit);
-    bool runPosted();
+    bool runOne(TimePoint limit) {
+        constexpr int mostSteps = 1'000'000;
+        if (++steps_ > mostSteps) throw std::logic_error("tasks that never come to an end");
+        std::unique_lock lock(mutex_);
+        if (!tasks_.empty()) {
+            const Task task = std::move(tasks_.front());
+            tasks_.pop_front();
+            lock.unlock();
+            task();
+            return true;
+        }
+        lock.unlock();
+        const auto alarm = nextAlarm();
+        if (!alarm || alarm->due > limit) return false;
+        fire(*alarm);
+        return true;
+    }
 
-    TimePoint now_;
-    Alarms alarms_;
+    [[nodiscard]] std::shared_ptr<Alarm> nextAlarm() const {
+        std::shared_ptr<Alarm> next;
+        for (const auto& held : alarms_) {
+            const auto alarm = held.lock();
+            if (alarm && alarm->task && (!next || alarm->due < next->due)) next = alarm;
+        }
+        return next;
+    }
+
+    void fire(Alarm& alarm) {
+        now_ = std::max(now_, alarm.due);
+        alarm.due += alarm.interval;
+        Task task = std::exchange(alarm.task, nullptr);
+        task();
+        alarm.due = std::max(alarm.due, now_);  // what a modal session within it missed fires once
+        if (alarm.interval > Duration(0)) alarm.task = std::move(task);
+    }
+
+    TimePoint now_{std::chrono::seconds(1'700'000'000)};
+    int steps_ = 0;
+    std::vector<std::weak_ptr<Alarm>> alarms_;  // owned by their handles
     std::vector<std::optional<int>*> sessions_;
-    std::mutex mutex_;
-    std::condition_variable posted_;
+    std::mutex mutex_;  // for the tasks
     std::deque<Task> tasks_;
 };
 

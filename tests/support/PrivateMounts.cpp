@@ -13,16 +13,12 @@ namespace {
 
 enum ChildStatus { Passed = 0, Failed = 1, Refused = 2 };
 
-bool separateMounts() {
-    return ::unshare(CLONE_NEWNS) == 0 &&
-           ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-}
-
 int statusOfChild(const std::function<void()>& body) {
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child == 0) {
-        if (!separateMounts()) ::_exit(Refused);
+        if (::unshare(CLONE_NEWNS) != 0) ::_exit(Refused);
+        if (::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) ::_exit(Refused);
         if (body) body();
         std::fflush(nullptr);
         ::_exit(testing::Test::HasFailure() ? Failed : Passed);
