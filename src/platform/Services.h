@@ -6,6 +6,7 @@
 
 #include "platform/AccessLists.h"
 #include "platform/DeviceRegistry.h"
+#include "platform/DistributedNotificationCenter.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
 #include "platform/Workspace.h"
@@ -16,6 +17,7 @@ namespace platform {
 /// fakes. A port left empty counts as a service that is not there.
 struct Services {
     std::unique_ptr<RunLoop> runLoop;
+    std::unique_ptr<DistributedNotificationCenter> notifications;
     std::unique_ptr<Volumes> volumes;
     std::unique_ptr<DeviceRegistry> devices;
     std::unique_ptr<Workspace> workspace;

@@ -12,6 +12,12 @@ CCondition::~CCondition() {
 int CCondition::Wait(CMutex& mutex) {
     return pthread_cond_wait(&condition_, &mutex.mutex_);
 }
+int CCondition::WaitFor(CMutex& mutex, std::chrono::milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now().time_since_epoch() + limit;
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(end);
+    const timespec time{seconds.count(), std::chrono::nanoseconds(end - seconds).count()};
+    return pthread_cond_clockwait(&condition_, &mutex.mutex_, CLOCK_MONOTONIC, &time);
+}
 void CCondition::Signal() {
     pthread_cond_signal(&condition_);
 }

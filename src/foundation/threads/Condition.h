@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <pthread.h>
 
 #include "foundation/threads/Mutex.h"
@@ -16,6 +17,8 @@ class CCondition {
     /// The calling thread holds the mutex, once; it is released during the wait. Can return without
     /// a signal. 0 or the POSIX error.
     int Wait(CMutex& mutex);
+    /// The same for at most so long; ETIMEDOUT when nothing came.
+    int WaitFor(CMutex& mutex, std::chrono::milliseconds limit);
     /// Wakes one waiter.
     void Signal();
     /// Wakes every waiter.

@@ -3,17 +3,27 @@
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/MountInfoVolumes.h"
 #include "platform/linux/PosixAccessLists.h"
+#include "platform/linux/QtRunLoop.h"
 #include "platform/linux/SysfsDeviceRegistry.h"
+#include "platform/linux/bus/BusAddress.h"
+#include "platform/linux/bus/DBusNotificationCenter.h"
 
 namespace platform {
 
 Services MakeLinuxServices(const Reporter& reporter) {
     return {.runLoop = nullptr,
+            .notifications = nullptr,
             .volumes = std::make_unique<MountInfoVolumes>("/proc/self/mountinfo", "/sys", reporter),
             .devices =
                 std::make_unique<SysfsDeviceRegistry>("/sys", PermanentHardwareAddress, reporter),
             .workspace = std::make_unique<DesktopWorkspace>(reporter),
             .accessLists = std::make_unique<PosixAccessLists>()};
+}
+
+void AddEventServices(Services& services, const Reporter& reporter) {
+    services.runLoop = std::make_unique<QtRunLoop>();
+    services.notifications =
+        std::make_unique<DBusNotificationCenter>(*services.runLoop, SessionBusAddress(), reporter);
 }
 
 }  // namespace platform

@@ -4,8 +4,12 @@
 
 namespace platform {
 
-/// The adapters of this system, all but the run loop: only a program with an event loop has one,
-/// and adds it. The reporter is called from any thread.
+/// The adapters of this system, but for those that need an event loop. The reporter is called from
+/// any thread.
 [[nodiscard]] Services MakeLinuxServices(const Reporter& reporter);
+
+/// Adds the run loop and the notifications of the session bus, for a program with an event loop:
+/// the application object exists.
+void AddEventServices(Services& services, const Reporter& reporter);
 
 }  // namespace platform

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+#include "platform/RunLoop.h"
+
+namespace platform {
+
+/// Hands deliveries from another thread to the main one, in order. The main thread runs them in
+/// slices of a few milliseconds, so that its timers and painting have their turn, also in a modal
+/// session that a delivery begins. What waits is bounded by `room`: the other thread asks for it
+/// before it fetches the next.
+class Inbox : public std::enable_shared_from_this<Inbox> {
+ public:
+    /// `drained` is called on the main thread when there is room again.
+    Inbox(RunLoop& runLoop, std::function<void()> drained)
+        : runLoop_(&runLoop), drained_(std::move(drained)) {}
+
+    /// Any thread. False from the moment on when about 8 MiB or 8,192 deliveries wait, until half
+    /// of it is worked off.
+    [[nodiscard]] bool hasRoom();
+    /// Any thread. `cost` is what the delivery holds, in bytes. It must not throw.
+    void push(RunLoop::Task delivery, std::size_t cost);
+    /// Main thread: nothing runs any more.
+    void close();
+
+ private:
+    struct Item {
+        RunLoop::Task delivery;
+        std::size_t cost;
+    };
+
+    void schedule();
+    void drain();
+    [[nodiscard]] RunLoop::Task take();
+
+    RunLoop* runLoop_;
+    std::function<void()> drained_;
+    std::mutex mutex_;  // for what follows
+    std::deque<Item> items_;
+    std::size_t cost_ = 0;
+    bool full_ = false;
+    bool scheduled_ = false;
+    bool closed_ = false;
+};
+
+}  // namespace platform
