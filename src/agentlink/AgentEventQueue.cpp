@@ -112,8 +112,8 @@ bool hasText(const Dictionary& payload, const std::string& key, const std::strin
 
 bool isOfSameKind(const Dictionary& queued, const AgentId& agentId, const std::string& eventName,
                   const std::optional<std::string>& key, const std::string* keyText) {
-    const bool sameAgent = agentId ? hasText(queued, keys::agentId, &*agentId)
-                                   : !queued.find(keys::agentId);
+    const bool sameAgent =
+        agentId ? hasText(queued, keys::agentId, &*agentId) : !queued.find(keys::agentId);
     return sameAgent && hasText(queued, keys::eventName, &eventName) &&
            (!key || hasText(queued, *key, keyText));
 }

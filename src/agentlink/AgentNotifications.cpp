@@ -45,10 +45,7 @@ void NotifyConnectionStatusChanged(const AgentId& agentId, std::int32_t status,
 void NotifyAgentError(const AgentId& agentId, const std::string& tag, const std::string& message,
                       std::int32_t domain, std::int32_t code) {
     post(notifications::agentError, agentId,
-         {{keys::tag, tag},
-          {keys::message, message},
-          {keys::domain, domain},
-          {keys::code, code}});
+         {{keys::tag, tag}, {keys::message, message}, {keys::domain, domain}, {keys::code, code}});
 }
 
 void NotifyAgentReportStatus(const AgentId& agentId) {

@@ -79,10 +79,9 @@ void ObserveAgentError(AgentObserverRecord& record, AgentErrorHandler handler) {
 }
 
 void ObserveAgentReportStatus(AgentObserverRecord& record, ReportStatusHandler handler) {
-    observe(record, notifications::reportStatus,
-            [handler = std::move(handler)](const Dictionary& payload) {
-                handler(agentIdOf(payload));
-            });
+    observe(
+        record, notifications::reportStatus,
+        [handler = std::move(handler)](const Dictionary& payload) { handler(agentIdOf(payload)); });
 }
 
 void ObserveAgentEvent(AgentObserverRecord& record, AgentEventHandler handler) {

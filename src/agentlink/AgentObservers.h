@@ -32,7 +32,8 @@ class AgentObserverRecord {
 void RemoveAgentObserver(AgentObserverRecord& record);
 
 // What the registered functions are called with. A value that is missing or of another type has
-// its default: the hint HintUnknown, the time now, "" and 0. A status that is missing calls nothing.
+// its default: the hint HintUnknown, the time now, "" and 0. A status that is missing calls
+// nothing.
 
 using AgentSettingsHandler = std::function<void(const AgentId&, std::uint32_t hint)>;
 using ConnectionStatusHandler =

@@ -193,20 +193,43 @@ inline constexpr const char* projectImportStart = "project_import_start";
 inline constexpr const char* requestRelaunchStop = "request_relaunch_stop";
 inline constexpr const char* requestRelaunchStart = "request_relaunch_start";
 
-inline constexpr std::array fromAgent = {
-    scanActivity,       shareStatistics,       requestDisconnect,    restoreProgress,
-    storeStatus,        storeFileStart,        storeFileEnd,         storeProgress,
-    speedStatus,        progressInfoUpdate,    storageFolders,       storageQuota,
-    storageWindow,      preferencesSelectTab,  routingNetworkAdapter, reloadBandwidth,
-    syncProgress,       syncCacheStatus,       syncQuotaStatus,      resetShowDialogSuccess,
-    projectImportResponse, lanInfo,            projectsPolicyChanged, serverResponse,
-    syncResponse,       syncError,             syncItem,             permissionsViolations,
-    syncProjectQuota,   syncStatus,            startLogging};
+inline constexpr std::array fromAgent = {scanActivity,
+                                         shareStatistics,
+                                         requestDisconnect,
+                                         restoreProgress,
+                                         storeStatus,
+                                         storeFileStart,
+                                         storeFileEnd,
+                                         storeProgress,
+                                         speedStatus,
+                                         progressInfoUpdate,
+                                         storageFolders,
+                                         storageQuota,
+                                         storageWindow,
+                                         preferencesSelectTab,
+                                         routingNetworkAdapter,
+                                         reloadBandwidth,
+                                         syncProgress,
+                                         syncCacheStatus,
+                                         syncQuotaStatus,
+                                         resetShowDialogSuccess,
+                                         projectImportResponse,
+                                         lanInfo,
+                                         projectsPolicyChanged,
+                                         serverResponse,
+                                         syncResponse,
+                                         syncError,
+                                         syncItem,
+                                         permissionsViolations,
+                                         syncProjectQuota,
+                                         syncStatus,
+                                         startLogging};
 
 inline constexpr std::array toAgent = {
-    syncRequest,       showMessage,       requestConnect,       requestDisconnect,
-    requestStorageFolders, storeShowStatus, restoreShowStatus,  resetShowDialog,
-    lanInfo,           routingBackupAllowed, projectImportStart, requestRelaunchStop,
+    syncRequest,          showMessage,           requestConnect,
+    requestDisconnect,    requestStorageFolders, storeShowStatus,
+    restoreShowStatus,    resetShowDialog,       lanInfo,
+    routingBackupAllowed, projectImportStart,    requestRelaunchStop,
     requestRelaunchStart};
 
 }  // namespace events

@@ -1,5 +1,4 @@
 #include "agentlink/AgentEventDispatcher.h"
-
 #include "agentlink/LinkTest.h"
 
 namespace {

@@ -1,10 +1,9 @@
-#include "agentlink/AgentEventQueue.h"
-
 #include <algorithm>
 #include <map>
 #include <pthread.h>
 #include <thread>
 
+#include "agentlink/AgentEventQueue.h"
 #include "agentlink/LinkTest.h"
 
 namespace {
@@ -66,8 +65,8 @@ TEST_F(TheEventQueue, TellsKindsByAgentNameAndTheTextUnderAKey) {
     holdTheBus();
     const auto coalesce = [](const AgentId& agent, const char* name, const char* key,
                              Dictionary payload) {
-        QueueAgentEventCoalesce(
-            agent, name, key ? std::optional<std::string>(key) : std::nullopt, std::move(payload));
+        QueueAgentEventCoalesce(agent, name, key ? std::optional<std::string>(key) : std::nullopt,
+                                std::move(payload));
     };
     coalesce("1", "a", "path", {{"path", "/x"}, {"n", 1}});
     coalesce("1", "a", "path", {{"path", "/y"}, {"n", 2}});

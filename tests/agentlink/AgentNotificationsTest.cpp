@@ -1,5 +1,4 @@
 #include "agentlink/AgentNotifications.h"
-
 #include "agentlink/AgentObservers.h"
 #include "agentlink/LinkTest.h"
 
@@ -35,15 +34,15 @@ struct Receiver {
 class Notifications : public LinkTest {
  protected:
     Notifications() {
-        RegisterAgentSettingsObserver(records_[0], &receiver_, &ForwardAgentSettingsEvent<Receiver>);
+        RegisterAgentSettingsObserver(records_[0], &receiver_,
+                                      &ForwardAgentSettingsEvent<Receiver>);
         RegisterConnectionStatusObserver(records_[1], &receiver_,
                                          &ForwardConnectionStatus<Receiver>);
         RegisterAgentErrorObserver(records_[2], &receiver_, &ForwardConnectionError<Receiver>);
         RegisterAgentEventObserver(records_[3], &receiver_, &ForwardAgentEvent<Receiver>);
         RegisterAgentReportStatusObserver(
-            records_[4], &receiver_, +[](Receiver& receiver, const AgentId& agent) {
-                receiver.note(agent, "report");
-            });
+            records_[4], &receiver_,
+            +[](Receiver& receiver, const AgentId& agent) { receiver.note(agent, "report"); });
     }
 
     Receiver receiver_;
@@ -61,13 +60,13 @@ TEST_F(Notifications, ArriveAsTheyWereSent) {
         center_->deliver(posted.name, posted.object, posted.payload);
     EXPECT_EQ(receiver_.calls,
               (std::vector<std::string>{"7: settings 49152", "none: settings 4294967295",
-                                        "7: status 4 at 1800000000000",
-                                        "7: error tag,message,3,3", "7: report", "none: report"}));
+                                        "7: status 4 at 1800000000000", "7: error tag,message,3,3",
+                                        "7: report", "none: report"}));
 }
 
 TEST_F(Notifications, HaveDefaultsForWhatIsMissingOrOfAnotherType) {
-    const auto now = std::to_string(std::chrono::system_clock::to_time_t(
-        platform::ProcessServices().runLoop->now()));
+    const auto now = std::to_string(
+        std::chrono::system_clock::to_time_t(platform::ProcessServices().runLoop->now()));
     struct Case {
         const char* name;
         Dictionary payload;
@@ -75,7 +74,9 @@ TEST_F(Notifications, HaveDefaultsForWhatIsMissingOrOfAnotherType) {
     };
     const std::vector<Case> cases = {
         {notifications::settingsChanged, {}, {"none: settings 65159"}},
-        {notifications::settingsChanged, {{"hint", "2"}, {"agent-id", 7}}, {"none: settings 65159"}},
+        {notifications::settingsChanged,
+         {{"hint", "2"}, {"agent-id", 7}},
+         {"none: settings 65159"}},
         {notifications::settingsChanged, {{"hint", 0}}, {"none: settings 0"}},
         {notifications::connectionStatusChanged, {{"timestamp", 5}}, {}},
         {notifications::connectionStatusChanged, {{"status", "4"}}, {}},

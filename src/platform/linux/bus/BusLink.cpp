@@ -183,7 +183,8 @@ void BusLink::run() {
     }
 }
 
-/// Only this thread replaces the connection, so it looks without the lock; opening may take a while.
+/// Only this thread replaces the connection, so it looks without the lock; opening may take a
+/// while.
 void BusLink::connect() {
     if (connection_ || Clock::now() < nextAttempt_) return;
     std::string error;

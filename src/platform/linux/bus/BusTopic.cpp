@@ -35,7 +35,8 @@ std::optional<BusTopic> MakeBusTopic(std::string_view name, std::string_view obj
     if (dot == name.npos || object.empty() || object.size() > longestObject) return std::nullopt;
     BusTopic topic{std::string(name.substr(0, dot)), std::string(name.substr(dot + 1)),
                    pathOf(object)};
-    if (name.find('\0') != name.npos || !dbus_validate_interface(topic.interface.c_str(), nullptr) ||
+    if (name.find('\0') != name.npos ||
+        !dbus_validate_interface(topic.interface.c_str(), nullptr) ||
         !dbus_validate_member(topic.member.c_str(), nullptr)) {
         return std::nullopt;
     }

@@ -133,14 +133,14 @@ void DBusNotificationCenter::Core::received(int topic, DBusMessage* signal) {
     }
     const char* member = dbus_message_get_member(signal);
     if (faults_.emplace(member, fault).second && reporter_) {
-        reporter_("A notification " + std::string(member) + " from the bus is dropped, and so are " +
+        reporter_("A notification " + std::string(member) +
+                  " from the bus is dropped, and so are " +
                   "others like it: " + std::string(Describe(fault)) + ".");
     }
 }
 
 void DBusNotificationCenter::Core::connectionChanged(bool connected) {
-    inbox_->push(
-        [this, connected] { guarded([&] { connectionObservers_.call(connected); }); }, 0);
+    inbox_->push([this, connected] { guarded([&] { connectionObservers_.call(connected); }); }, 0);
 }
 
 void DBusNotificationCenter::Core::deliver(int topic, const quelm::Dictionary& payload) {
