@@ -17,7 +17,7 @@ namespace {
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
-constexpr std::array<Command, 4> commands = {{
+constexpr std::array<Command, 5> commands = {{
     {"config path",
      "[FILE]",
      {"Cli.Summary.ConfigPath", "print the path of the configuration folder or of a file in it"},
@@ -36,6 +36,12 @@ constexpr std::array<Command, 4> commands = {{
      0,
      0,
      ShowHardwareId},
+    {"keychain check",
+     "",
+     {"Cli.Summary.KeychainCheck", "tell whether passwords can be kept, and what to do if not"},
+     0,
+     0,
+     CheckKeychain},
     {"path classify",
      "PATH",
      {"Cli.Summary.PathClassify", "tell what kind of place a path is"},

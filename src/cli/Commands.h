@@ -7,6 +7,7 @@ namespace orv::cli {
 ExitCode ShowConfigPath(Arguments arguments, Console& console);
 ExitCode ShowConfigFile(Arguments arguments, Console& console);
 ExitCode ShowHardwareId(Arguments arguments, Console& console);
+ExitCode CheckKeychain(Arguments arguments, Console& console);
 ExitCode ClassifyPath(Arguments arguments, Console& console);
 
 }  // namespace orv::cli

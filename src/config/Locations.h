@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 // Where the panel and the agent keep what they share. A leading "~" is the user's home.
@@ -16,6 +17,17 @@ inline constexpr std::string_view accountFolders =
 /// The list of configured accounts.
 inline constexpr std::string_view accountList =
     "~/Library/Preferences/com.quelm.configs/com.corvanta.orv/alternative_configs.plist";
+
+/// The programs that read the account's secrets without the user being asked.
+inline constexpr auto passwordReaders = std::to_array<std::string_view>(
+    {"/Applications/Corvanta Tidewell Backup.app",
+     "/Applications/Corvanta Tidewell Backup.app/Contents/PlugIns/orvAgent",
+     "/Applications/Corvanta Tidewell Backup.app/Contents/PlugIns/AccountSetup.app",
+     "/Applications/System Preferences.app"});
+
+/// The program that reads the passwords of servers: the system's network-authentication agent.
+inline constexpr auto serverPasswordReaders =
+    std::to_array<std::string_view>({"/System/Library/CoreServices/NetAuthAgent.app"});
 
 }  // namespace orv::locations
 

@@ -26,7 +26,7 @@ using KeychainItem = std::variant<GenericPasswordItem, InternetPasswordItem>;
 /// Who may read a new item without the user being asked, where the platform has such lists.
 struct KeychainAccess {
     std::string description;
-    /// Paths of programs and bundles.
+    /// Paths of programs and bundles; one that is not there is left out.
     std::vector<std::string> trustedApplications;
 };
 

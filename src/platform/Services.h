@@ -5,8 +5,10 @@
 #include <string>
 
 #include "platform/AccessLists.h"
+#include "platform/Authorization.h"
 #include "platform/DeviceRegistry.h"
 #include "platform/DistributedNotificationCenter.h"
+#include "platform/Keychain.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
 #include "platform/Workspace.h"
@@ -22,6 +24,8 @@ struct Services {
     std::unique_ptr<DeviceRegistry> devices;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<AccessLists> accessLists;
+    std::unique_ptr<Keychain> keychain;
+    std::unique_ptr<Authorization> authorization;
 };
 
 /// The process's services, for plain functions that have no place for a port; classes take the

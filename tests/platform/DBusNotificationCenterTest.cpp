@@ -1,5 +1,3 @@
-#include "platform/linux/bus/DBusNotificationCenter.h"
-
 #include <gtest/gtest.h>
 #include <mutex>
 #include <numeric>
@@ -9,6 +7,7 @@
 
 #include "platform/linux/bus/BusBody.h"
 #include "platform/linux/bus/BusTopic.h"
+#include "platform/linux/bus/DBusNotificationCenter.h"
 #include "support/ManualRunLoop.h"
 #include "support/PrivateBus.h"
 
@@ -73,7 +72,8 @@ TEST(BusTopics, AreMadeOfANameAndAnObject) {
               "type='signal',interface='com.quelm.client',member='AgentEvent',"
               "path='/com/corvanta/orv'");
     EXPECT_EQ(MakeBusTopic(event, ".a..b_'/ä.")->path, "/_2ea/_2eb_5f_27_2f_c3_a4/_2e");
-    for (const char* name : {"", "AgentEvent", "client.AgentEvent", "a.b.1", "a..b.C", "a.b.", "a.b.c-d"})
+    for (const char* name :
+         {"", "AgentEvent", "client.AgentEvent", "a.b.1", "a..b.C", "a.b.", "a.b.c-d"})
         EXPECT_FALSE(MakeBusTopic(name, object)) << name;
     EXPECT_FALSE(MakeBusTopic(event, ""));
     EXPECT_FALSE(MakeBusTopic(event, std::string(256, 'a')));
@@ -225,8 +225,9 @@ TEST_F(TheBus, KnowsWhoIsAnnounced) {
 
 TEST(NoBus, IsSaidOnceAndKeepsNobodyWaiting) {
     const test_support::TemporaryFolder folder;
-    for (const std::string& address : {std::string(), "unix:path=" + folder / "none",
-                                       std::string("nonsense"), std::string("unix:path=/dev/null")}) {
+    for (const std::string& address :
+         {std::string(), "unix:path=" + folder / "none", std::string("nonsense"),
+          std::string("unix:path=/dev/null")}) {
         Peer peer(address);
         peer.observations.push_back(peer.center.observe(event, object, [](const auto&) {}));
         peer.center.post(event, object, {});
@@ -328,8 +329,7 @@ TEST_F(TheBusWithAStranger, IsDroppedForWrongBodiesWithOneLineForEachKind) {
             dbus_message_iter_close_container(iter, &members);
         });
     }
-    sendNumbers(DBUS_TYPE_INT32,
-                std::vector<std::int32_t>(platform::BusBodyLimits::values + 1));
+    sendNumbers(DBUS_TYPE_INT32, std::vector<std::int32_t>(platform::BusBodyLimits::values + 1));
     sendBasic(DBUS_TYPE_STRING, "good");
     dbus_connection_flush(stranger_);
     ASSERT_TRUE(receiver_.hears(1));

@@ -1,8 +1,7 @@
-#include "platform/linux/bus/Inbox.h"
-
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "platform/linux/bus/Inbox.h"
 #include "support/ManualRunLoop.h"
 
 namespace {

@@ -35,11 +35,13 @@ std::vector<std::string> environmentWith(const ChildProcess::Setup& setup) {
 }
 
 /// In the child, where other threads may have held any lock: system calls only.
-[[noreturn]] void become(char** words, char** environment, int input, int output, pid_t parent) {
+[[noreturn]] void become(char* const* words, char* const* environment, int input, int output,
+                         pid_t parent) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) ::_exit(127);
     ::dup2(input, STDIN_FILENO);
     ::dup2(output, STDOUT_FILENO);
+    ::dup2(output, STDERR_FILENO);
     ::execve(words[0], words, environment);
     ::_exit(127);
 }

@@ -17,10 +17,10 @@ class ChildProcess {
         /// Path and arguments.
         std::vector<std::string> words;
         /// Added to the test's own environment.
-        std::vector<std::pair<std::string, std::string>> environment;
+        std::vector<std::pair<std::string, std::string>> environment = {};
         /// What it reads from standard input before the end of file.
-        std::string input;
-        /// The file that takes its standard output.
+        std::string input = {};
+        /// The file that takes what it prints, errors too.
         std::string outputFile = "/dev/null";
     };
 

@@ -31,10 +31,8 @@ bool PrivateBus::start() {
     // it prints its address once it listens
     runs_ = daemon_.start({.words = {"/usr/bin/dbus-daemon", "--nofork", "--nopidfile",
                                      "--config-file=" + folder_ / "bus.conf", "--print-address"},
-                           .environment = {},
-                           .input = "",
                            .outputFile = ready}) &&
-            WaitUntil([&ready] { return ContentOf(ready).ends_with("\n"); });
+            WaitUntil([&] { return ContentOf(ready).find(address_) != std::string::npos; });
     return runs_;
 }
 

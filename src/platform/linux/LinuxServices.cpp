@@ -2,8 +2,10 @@
 
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/MountInfoVolumes.h"
+#include "platform/linux/PolkitAuthorization.h"
 #include "platform/linux/PosixAccessLists.h"
 #include "platform/linux/QtRunLoop.h"
+#include "platform/linux/SecretServiceKeychain.h"
 #include "platform/linux/SysfsDeviceRegistry.h"
 #include "platform/linux/bus/BusAddress.h"
 #include "platform/linux/bus/DBusNotificationCenter.h"
@@ -17,7 +19,9 @@ Services MakeLinuxServices(const Reporter& reporter) {
             .devices =
                 std::make_unique<SysfsDeviceRegistry>("/sys", PermanentHardwareAddress, reporter),
             .workspace = std::make_unique<DesktopWorkspace>(reporter),
-            .accessLists = std::make_unique<PosixAccessLists>()};
+            .accessLists = std::make_unique<PosixAccessLists>(),
+            .keychain = std::make_unique<SecretServiceKeychain>(reporter),
+            .authorization = std::make_unique<PolkitAuthorization>(reporter)};
 }
 
 void AddEventServices(Services& services, const Reporter& reporter) {
