@@ -6,6 +6,8 @@ add_compile_options(
     $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
     # both take GCC 12's own string and variant code for faulty when it is inlined
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+# "signals" and "slots" stay usable as names
+add_compile_definitions(QT_NO_KEYWORDS)
 if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()

@@ -158,7 +158,7 @@ void QueueAgentEventCoalesce(const AgentId& agentId, const std::optional<std::st
     QueueAgentEvent(agentId, eventName.value_or(""), std::move(payload));
 }
 
-void EndAgentEvents(std::chrono::milliseconds limit) {
+bool EndAgentEvents(std::chrono::milliseconds limit) {
     const auto end = Clock::now() + limit;
     const auto left = [end] {
         return std::max(std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()),
@@ -173,11 +173,13 @@ void EndAgentEvents(std::chrono::milliseconds limit) {
         s_NotificationsEnded = true;
         s_NotificationSendCond.Broadcast();
     }
-    if (center()) center()->close(left());
+    const bool sent = !center() || center()->close(left());
     const CLockIt lock(s_NotificationSendMutex);
     while (s_NotificationThreadInitialized)
         s_NotificationIdleCond.Wait(s_NotificationSendMutex);
+    const bool worked = s_NotificationQueue.empty();
     s_NotificationQueue.clear();
+    return sent && worked;
 }
 
 void BeginAgentEvents() {

@@ -25,8 +25,9 @@ void QueueAgentEventCoalesce(const AgentId& agentId, const std::optional<std::st
                              quelm::Dictionary payload);
 
 /// Before the program ends: posts what is queued and sends what is posted, for at most `limit`,
-/// then ends the thread and closes the notification center. Events queued later are lost.
-void EndAgentEvents(std::chrono::milliseconds limit);
+/// then ends the thread and closes the notification center. Events queued later are lost. False
+/// when not everything was sent.
+bool EndAgentEvents(std::chrono::milliseconds limit);
 /// Takes events again, for another notification center.
 void BeginAgentEvents();
 

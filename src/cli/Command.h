@@ -1,9 +1,11 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "foundation/system/LocalizedString.h"
@@ -19,7 +21,33 @@ enum class ExitCode {
     NoAgent = 3,
 };
 
-using Arguments = std::span<const std::string>;
+/// What follows a command's name on its line.
+class Arguments {
+ public:
+    struct Option {
+        std::string name;
+        std::string value;
+    };
+
+    Arguments() = default;
+    Arguments(std::vector<std::string> words, std::vector<Option> options)
+        : words_(std::move(words)), options_(std::move(options)) {}
+
+    [[nodiscard]] const std::vector<std::string>& words() const { return words_; }
+    [[nodiscard]] bool empty() const { return words_.empty(); }
+    [[nodiscard]] std::size_t size() const { return words_.size(); }
+    [[nodiscard]] const std::string& operator[](std::size_t index) const { return words_[index]; }
+
+    [[nodiscard]] const std::vector<Option>& options() const { return options_; }
+    /// The values given for the option ("--name"), in order.
+    [[nodiscard]] std::vector<std::string> values(std::string_view option) const;
+    /// The last of them.
+    [[nodiscard]] std::optional<std::string> value(std::string_view option) const;
+
+ private:
+    std::vector<std::string> words_;
+    std::vector<Option> options_;
+};
 
 /// Where a command writes: results to `out`, everything else to `err`.
 struct Console {
@@ -36,7 +64,9 @@ struct Command {
     quelm::LocalizedText summary;
     std::size_t minimumArguments;
     std::size_t maximumArguments;
-    ExitCode (*run)(Arguments arguments, Console& console);
+    ExitCode (*run)(const Arguments& arguments, Console& console);
+    /// Its own options, each with a value, "--name --count".
+    std::string_view options = {};
 };
 
 /// All commands, in the order in which the help shows them.

@@ -4,10 +4,15 @@
 
 namespace orv::cli {
 
-ExitCode ShowConfigPath(Arguments arguments, Console& console);
-ExitCode ShowConfigFile(Arguments arguments, Console& console);
-ExitCode ShowHardwareId(Arguments arguments, Console& console);
-ExitCode CheckKeychain(Arguments arguments, Console& console);
-ExitCode ClassifyPath(Arguments arguments, Console& console);
+ExitCode ShowConfigPath(const Arguments& arguments, Console& console);
+ExitCode ShowConfigFile(const Arguments& arguments, Console& console);
+ExitCode ShowHardwareId(const Arguments& arguments, Console& console);
+ExitCode CheckKeychain(const Arguments& arguments, Console& console);
+ExitCode PrintEvents(const Arguments& arguments, Console& console);
+ExitCode SendEvent(const Arguments& arguments, Console& console);
+ExitCode NotifySettings(const Arguments& arguments, Console& console);
+ExitCode NotifyStatus(const Arguments& arguments, Console& console);
+ExitCode NotifyReport(const Arguments& arguments, Console& console);
+ExitCode ClassifyPath(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli

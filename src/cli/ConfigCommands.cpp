@@ -10,14 +10,14 @@
 
 namespace orv::cli {
 
-ExitCode ShowConfigPath(Arguments arguments, Console& console) {
+ExitCode ShowConfigPath(const Arguments& arguments, Console& console) {
     const std::string path =
         arguments.empty() ? GetConfigurationPath() : GetConfigurationPath(arguments[0].c_str());
     fmt::print(console.out, "{}\n", console.json ? ValueAsJson(path) : path);
     return ExitCode::Done;
 }
 
-ExitCode ShowConfigFile(Arguments arguments, Console& console) {
+ExitCode ShowConfigFile(const Arguments& arguments, Console& console) {
     const std::string& name = arguments[0];
     const bool isPath = name.find('/') != std::string::npos;
     const std::string path = isPath ? name : GetConfigurationPath(name.c_str());

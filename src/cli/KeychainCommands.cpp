@@ -90,7 +90,7 @@ void printLines(std::ostream& out, const Findings& findings) {
 
 }  // namespace
 
-ExitCode CheckKeychain(Arguments, Console& console) {
+ExitCode CheckKeychain(const Arguments&, Console& console) {
     const Findings findings = check();
     if (console.json) {
         fmt::print(console.out, "{}\n",

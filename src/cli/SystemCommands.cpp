@@ -30,7 +30,7 @@ unsigned volumeTypeOf(const std::filesystem::path& path) {
 
 }  // namespace
 
-ExitCode ShowHardwareId(Arguments, Console& console) {
+ExitCode ShowHardwareId(const Arguments&, Console& console) {
     std::string id;
     if (!quelm::GetHardwareId(id)) {
         fmt::print(console.err, "orvctl: {}\n",
@@ -43,7 +43,7 @@ ExitCode ShowHardwareId(Arguments, Console& console) {
     return ExitCode::Done;
 }
 
-ExitCode ClassifyPath(Arguments arguments, Console& console) {
+ExitCode ClassifyPath(const Arguments& arguments, Console& console) {
     std::error_code error;
     const std::string path = std::filesystem::absolute(arguments[0], error).string();
     if (error) {

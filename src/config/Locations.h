@@ -29,6 +29,9 @@ inline constexpr auto passwordReaders = std::to_array<std::string_view>(
 inline constexpr auto serverPasswordReaders =
     std::to_array<std::string_view>({"/System/Library/CoreServices/NetAuthAgent.app"});
 
+/// What can be made anew, and the locks of running agents.
+inline constexpr std::string_view cache = "~/Library/Caches/com.corvanta.orv";
+
 }  // namespace orv::locations
 
 namespace orv::files {

@@ -57,7 +57,8 @@ class DistributedNotificationCenter {
                                            std::chrono::milliseconds limit) = 0;
 
     /// Sends what is posted, for at most `limit`, and ends: waits end, and later posts are dropped.
-    virtual void close(std::chrono::milliseconds limit) = 0;
+    /// False when something was left, or it was closed before.
+    virtual bool close(std::chrono::milliseconds limit) = 0;
 };
 
 }  // namespace platform

@@ -7,4 +7,9 @@ Services& ProcessServices() {
     return services;
 }
 
+void EndProcessServices() {
+    ProcessServices().notifications.reset();
+    ProcessServices() = {};
+}
+
 }  // namespace platform

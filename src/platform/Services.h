@@ -31,6 +31,8 @@ struct Services {
 /// The process's services, for plain functions that have no place for a port; classes take the
 /// ports that they use in their constructor. Filled before the first thread starts.
 [[nodiscard]] Services& ProcessServices();
+/// Empties them, those that use others first. A program does so while its application object lives.
+void EndProcessServices();
 
 /// Takes one line about a service that is missing, and how to get it.
 using Reporter = std::function<void(const std::string& line)>;

@@ -1,7 +1,7 @@
+#include <csignal>
 #include <gtest/gtest.h>
+#include <limits>
 #include <mutex>
-#include <numeric>
-#include <ostream>
 #include <thread>
 #include <vector>
 
@@ -132,7 +132,7 @@ TEST_F(TheBus, DropsWhatItCannotCarryAndStaysConnected) {
     EXPECT_EQ(sender_.said().size(), bad.size() + 1);
     sender_.center.post(event, object, {{"good", 1}});
     ASSERT_TRUE(receiver_.hears(1));
-    EXPECT_EQ(receiver_.received, std::vector<Dictionary>{{{"good", 1}}});
+    EXPECT_EQ(receiver_.received, (std::vector<Dictionary>{{{"good", 1}}}));
     EXPECT_EQ(sender_.said().size(), bad.size() + 1);
 }
 

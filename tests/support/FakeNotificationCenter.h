@@ -45,10 +45,10 @@ class FakeNotificationCenter final : public platform::DistributedNotificationCen
     [[nodiscard]] bool isAnnounced(const std::string& name, std::chrono::milliseconds) override {
         return std::find(announced.begin(), announced.end(), name) != announced.end();
     }
-    void close(std::chrono::milliseconds) override {
+    bool close(std::chrono::milliseconds) override {
         const std::lock_guard lock(mutex_);
-        closed_ = true;
         changed_.notify_all();
+        return !std::exchange(closed_, true) && !held_;
     }
 
     [[nodiscard]] std::vector<Posted> posted() {

@@ -1,5 +1,9 @@
+#include <QCoreApplication>
+#include <clocale>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "cli/Command.h"
 #include "foundation/system/ApplicationBundle.h"
@@ -11,9 +15,17 @@ int main(int argc, char** argv) {
     try {
         const quelm::Bundle bundle(quelm::FindResourcesFolder(), quelm::PreferredLanguages());
         quelm::SetApplicationBundle(&bundle);
-        platform::ProcessServices() =
-            platform::MakeLinuxServices([](const std::string& line) { quelm::LogWarning(line); });
-        const auto code = orv::cli::RunCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
+        const std::vector<std::string> words(argv + 1, argv + argc);  // before Qt takes its own out
+        const QCoreApplication application(argc, argv);
+        std::setlocale(LC_NUMERIC, "C");  // the application object sets the user's
+        const platform::Reporter reporter = [](const std::string& line) {
+            quelm::LogWarning(line);
+        };
+        platform::Services& services = platform::ProcessServices();
+        services = platform::MakeLinuxServices(reporter);
+        platform::AddEventServices(services, reporter);
+        const auto code = orv::cli::RunCommandLine(words, std::cout, std::cerr);
+        platform::EndProcessServices();
         std::cout.flush();
         return std::cout ? static_cast<int>(code) : 1;
     } catch (const std::exception& error) {

@@ -154,8 +154,8 @@ bool BusLink::isAnnounced(const std::string& name, milliseconds limit) {
     return answered && *owned;
 }
 
-void BusLink::close(milliseconds limit) {
-    [[maybe_unused]] const bool sent = waitUntilSent(limit);
+bool BusLink::close(milliseconds limit) {
+    const bool sent = waitUntilSent(limit);
     {
         const std::lock_guard lock(mutex_);
         ended_ = true;
@@ -166,6 +166,7 @@ void BusLink::close(milliseconds limit) {
     const std::lock_guard lock(mutex_);
     ready_ = false;
     connection_.reset();
+    return sent;
 }
 
 // The thread

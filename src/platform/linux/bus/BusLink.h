@@ -48,7 +48,7 @@ class BusLink {
     [[nodiscard]] bool waitUntilSent(std::chrono::milliseconds limit);
     [[nodiscard]] bool waitUntilListening(std::chrono::milliseconds limit);
     [[nodiscard]] bool isAnnounced(const std::string& name, std::chrono::milliseconds limit);
-    void close(std::chrono::milliseconds limit);
+    bool close(std::chrono::milliseconds limit);
 
  private:
     using Clock = std::chrono::steady_clock;

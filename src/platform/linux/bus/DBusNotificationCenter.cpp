@@ -186,8 +186,8 @@ bool DBusNotificationCenter::waitUntilListening(std::chrono::milliseconds limit)
 bool DBusNotificationCenter::isAnnounced(const std::string& name, std::chrono::milliseconds limit) {
     return core_->link().isAnnounced(name, limit);
 }
-void DBusNotificationCenter::close(std::chrono::milliseconds limit) {
-    core_->link().close(limit);
+bool DBusNotificationCenter::close(std::chrono::milliseconds limit) {
+    return core_->link().close(limit);
 }
 
 }  // namespace platform

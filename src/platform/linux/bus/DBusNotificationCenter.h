@@ -35,7 +35,7 @@ class DBusNotificationCenter final : public DistributedNotificationCenter {
     [[nodiscard]] bool waitUntilListening(std::chrono::milliseconds limit) override;
     [[nodiscard]] bool isAnnounced(const std::string& name,
                                    std::chrono::milliseconds limit) override;
-    void close(std::chrono::milliseconds limit) override;
+    bool close(std::chrono::milliseconds limit) override;
 
  private:
     class Core;

@@ -1,0 +1,86 @@
+#include "cli/Invocation.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orv::cli {
+
+namespace {
+
+using quelm::FormatLocalizedString;
+
+struct Flag {
+    std::string_view name;
+    bool Invocation::*value;
+};
+
+constexpr std::array flags = {Flag{"--json", &Invocation::json}, Flag{"--help", &Invocation::help},
+                              Flag{"-h", &Invocation::help},
+                              Flag{"--version", &Invocation::version}};
+
+bool takesValue(const std::string& option) {
+    const auto has = [&option](const Command& command) {
+        const auto own = SplitWords(command.options);
+        return std::find(own.begin(), own.end(), option) != own.end();
+    };
+    const auto commands = AllCommands();
+    return option == "--account" || std::any_of(commands.begin(), commands.end(), has);
+}
+
+bool setFlag(Invocation& invocation, const std::string& word) {
+    const auto flag = std::find_if(flags.begin(), flags.end(),
+                                   [&word](const Flag& known) { return known.name == word; });
+    if (flag == flags.end()) return false;
+    invocation.*flag->value = true;
+    return true;
+}
+
+void setOption(Invocation& invocation, const std::string& name, const std::string& value) {
+    if (name == "--account") {
+        invocation.account = value;
+    } else {
+        invocation.options.push_back({name, value});
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> SplitWords(std::string_view text) {
+    std::vector<std::string> parts;
+    while (!text.empty()) {
+        const auto blank = std::min(text.find(' '), text.size());
+        parts.emplace_back(text.substr(0, blank));
+        text.remove_prefix(std::min(blank + 1, text.size()));
+    }
+    return parts;
+}
+
+std::optional<std::string> ParseInvocation(const std::vector<std::string>& words,
+                                           Invocation& invocation) {
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        if (*word == "--") {
+            invocation.words.insert(invocation.words.end(), word + 1, words.end());
+            break;
+        }
+        if (!word->starts_with("-") || word->size() == 1) {
+            invocation.words.push_back(*word);
+            continue;
+        }
+        if (setFlag(invocation, *word)) continue;
+        const auto equals = word->find('=');
+        const std::string name = word->substr(0, equals);
+        if (!takesValue(name)) {
+            return FormatLocalizedString("Cli.UnknownOption", "unknown option %@", {name});
+        }
+        if (equals != word->npos) {
+            setOption(invocation, name, word->substr(equals + 1));
+        } else if (word + 1 != words.end()) {
+            setOption(invocation, name, *++word);
+        } else {
+            return FormatLocalizedString("Cli.ValueMissing", "%@ needs a value", {name});
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace orv::cli

@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <fmt/format.h>
+#include <fmt/ostream.h>
+#include <ostream>
+
+#include "agentlink/AgentEventQueue.h"
+#include "agentlink/AgentPresence.h"
+#include "agentlink/AgentVocabulary.h"
+#include "cli/Commands.h"
+#include "config/AccountId.h"
+#include "config/ConfigurationPath.h"
+#include "foundation/system/LocalizedString.h"
+#include "platform/Services.h"
+
+namespace orv::cli {
+
+namespace {
+
+using quelm::FormatLocalizedString;
+using quelm::GetLocalizedString;
+
+constexpr std::chrono::seconds patience(2);
+
+ExitCode fail(Console& console, ExitCode code, const std::string& message) {
+    fmt::print(console.err, "orvctl: {}\n", message);
+    return code;
+}
+
+/// --agent, else the account of this command line.
+std::string agentOf(const Arguments& arguments) {
+    return arguments.value("--agent").value_or(AgentID.empty() ? "1" : AgentID);
+}
+
+/// Null when no bus answers in time.
+platform::DistributedNotificationCenter* connectedBus() {
+    const auto& center = platform::ProcessServices().notifications;
+    return center && center->waitUntilListening(patience) ? center.get() : nullptr;
+}
+
+/// Runs `post`, and sends what it posts before it returns.
+template <class Post>
+ExitCode send(const Arguments& arguments, Console& console, Post post) {
+    const std::string agent = agentOf(arguments);
+    if (!IsAccountId(agent)) {
+        return fail(console, ExitCode::Usage,
+                    FormatLocalizedString("Cli.BadAccount", "%@ is no account's id", {agent}));
+    }
+    auto* const bus = connectedBus();
+    if (!bus) {
+        return fail(console, ExitCode::NoAgent,
+                    GetLocalizedString("Link.NoBus",
+                                       "No session bus answers, so nothing was sent. Is "
+                                       "DBUS_SESSION_BUS_ADDRESS set?"));
+    }
+    post(agent);
+    if (!EndAgentEvents(patience)) {
+        return fail(console, ExitCode::Failed,
+                    GetLocalizedString("Link.NotSent", "The session bus took nothing in time."));
+    }
+    return ExitCode::Done;
+}
+
+/// Whether the number is all of the text; decimal, or hexadecimal after "0x".
+template <class Number>
+bool parseNumber(std::string_view text, Number& number) {
+    const bool hexadecimal = text.starts_with("0x");
+    if (hexadecimal) text.remove_prefix(2);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number,
+                                              hexadecimal ? 16 : 10);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+ExitCode badNumber(Console& console, const std::string& text) {
+    return fail(console, ExitCode::Usage,
+                FormatLocalizedString("Link.BadNumber", "%@ is no number of 32 bits", {text}));
+}
+
+/// Whether only an agent does something with the event.
+bool isForAgents(const std::string& event) {
+    const auto has = [&event](const auto& names) {
+        return std::find(names.begin(), names.end(), event) != names.end();
+    };
+    return has(events::toAgent) && !has(events::fromAgent);
+}
+
+}  // namespace
+
+ExitCode SendEvent(const Arguments& arguments, Console& console) {
+    quelm::Dictionary payload;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& pair = arguments[i];
+        const auto equals = pair.find('=');
+        if (equals == 0 || equals == pair.npos) {
+            return fail(console, ExitCode::Usage,
+                        FormatLocalizedString("Link.BadPair", "%@ is not KEY=VALUE", {pair}));
+        }
+        payload.set(pair.substr(0, equals), pair.substr(equals + 1));
+    }
+    const std::string& event = arguments[0];
+    bool nobody = false;
+    const ExitCode code = send(arguments, console, [&](const std::string& agent) {
+        const auto& center = platform::ProcessServices().notifications;
+        nobody = isForAgents(event) && !center->isAnnounced(AgentPresenceName(agent), patience);
+        QueueAgentEvent(agent, event, payload);
+    });
+    if (code != ExitCode::Done || !nobody) return code;
+    return fail(console, ExitCode::NoAgent,
+                FormatLocalizedString("Link.NoAgent",
+                                      "The event was sent, but no agent of account %@ is known on "
+                                      "the session bus. Start it with orvAgent %@.",
+                                      {agentOf(arguments), agentOf(arguments)}));
+}
+
+ExitCode NotifySettings(const Arguments& arguments, Console& console) {
+    std::uint32_t hint = 0;
+    if (!parseNumber(arguments[0], hint)) return badNumber(console, arguments[0]);
+    return send(arguments, console,
+                [&](const std::string& agent) { NotifyAgentSettingsChanged(agent, hint); });
+}
+
+ExitCode NotifyStatus(const Arguments& arguments, Console& console) {
+    std::int32_t status = 0;
+    if (!parseNumber(arguments[0], status)) return badNumber(console, arguments[0]);
+    const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    return send(arguments, console, [&](const std::string& agent) {
+        NotifyConnectionStatusChanged(agent, status, now);
+    });
+}
+
+ExitCode NotifyReport(const Arguments& arguments, Console& console) {
+    return send(arguments, console,
+                [](const std::string& agent) { NotifyAgentReportStatus(agent); });
+}
+
+}  // namespace orv::cli

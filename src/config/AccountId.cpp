@@ -1,0 +1,23 @@
+#include "config/AccountId.h"
+
+#include <algorithm>
+
+namespace orv {
+
+bool IsAccountId(std::string_view id) {
+    constexpr std::size_t longest = 64;
+    return !id.empty() && id.size() <= longest && std::all_of(id.begin(), id.end(), [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+               c == '_' || c == '-';
+    });
+}
+
+bool IsDefaultAccountId(std::string_view id) {
+    return id == "0" || id == "1";
+}
+
+bool IsSameAccount(std::string_view id, std::string_view other) {
+    return id == other || (IsDefaultAccountId(id) && IsDefaultAccountId(other));
+}
+
+}  // namespace orv

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace orv {
+
+/// Whether the text can be an account's id, which becomes part of file and bus names: 1 to 64
+/// letters, digits, "_" and "-".
+[[nodiscard]] bool IsAccountId(std::string_view id);
+
+/// "0" and "1" both mean the default account, the one without a folder "account_ID".
+[[nodiscard]] bool IsDefaultAccountId(std::string_view id);
+
+/// Whether both mean the same account.
+[[nodiscard]] bool IsSameAccount(std::string_view id, std::string_view other);
+
+}  // namespace orv
