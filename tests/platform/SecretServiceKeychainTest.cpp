@@ -265,8 +265,13 @@ TEST_F(SecretServiceKeychain, GivesUpOnAServiceOrABusThatHangs) {
     EXPECT_NE(reports[0].find("in time"), std::string::npos) << reports[0];
 }
 
-TEST_F(SecretServiceKeychain, ServesThreadsAtTheSameTime) {
+std::ptrdiff_t openDescriptors() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+TEST_F(SecretServiceKeychain, ServesThreadsAtTheSameTimeAndLeavesNoConnectionBehind) {
     ASSERT_TRUE(startKeyring());
+    const auto before = openDescriptors();
     std::vector<std::jthread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([this, i] {
@@ -282,6 +287,8 @@ TEST_F(SecretServiceKeychain, ServesThreadsAtTheSameTime) {
         });
     }
     threads.clear();
+    // GLib's own thread closes them
+    EXPECT_TRUE(WaitUntil([before] { return openDescriptors() <= before; }));
     EXPECT_EQ(count({"service", "thread"}), 4U);
 }
 

@@ -51,8 +51,7 @@ class GErrorOut {
     GError* error_ = nullptr;
 };
 
-/// What GLib delivers to this thread meanwhile stays out of the main thread's loop, and what is
-/// left of it at the end is dropped.
+/// What GLib delivers to this thread meanwhile stays out of the main thread's loop.
 class GlibContextScope {
  public:
     GlibContextScope() : context_(g_main_context_new()) {
@@ -61,6 +60,9 @@ class GlibContextScope {
     GlibContextScope(const GlibContextScope&) = delete;
     GlibContextScope& operator=(const GlibContextScope&) = delete;
     ~GlibContextScope() {
+        // what waits to be delivered, also what is to be freed, would keep the context for ever
+        while (g_main_context_iteration(context_, FALSE) != FALSE) {
+        }
         g_main_context_pop_thread_default(context_);
         g_main_context_unref(context_);
     }

@@ -57,10 +57,9 @@ void SecretServiceSession::open(const std::string& address, bool mayPrompt) {
                                                              cancellable(), error()));
     if (!connection_) return;
     const GType type = mayPrompt ? PromptingServiceType() : PromptlessServiceType();
-    const gpointer made = g_initable_new(
-        type, cancellable(), error(), "g-connection", connection_.get(), "g-name",
-        "org.freedesktop.secrets", "g-object-path", "/org/freedesktop/secrets", "g-interface-name",
-        "org.freedesktop.Secret.Service", "flags", SECRET_SERVICE_OPEN_SESSION, nullptr);
+    const gpointer made =
+        g_initable_new(type, cancellable(), error(), "g-connection", connection_.get(), "flags",
+                       SECRET_SERVICE_OPEN_SESSION, nullptr);
     service_.reset(static_cast<SecretService*>(made));
 }
 

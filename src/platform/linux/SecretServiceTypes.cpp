@@ -25,8 +25,8 @@ GVariant* refusedPrompt(SecretService*, GAsyncResult* result, GError** error) {
     return static_cast<GVariant*>(g_task_propagate_pointer(G_TASK(result), error));
 }
 
-/// libsecret's constructor sets the shared bus, and may: until the outermost constructor returns,
-/// the properties for construction can be set.
+/// libsecret's constructor sets the names and the shared bus, and may: until the outermost
+/// constructor returns, the properties for construction can be set.
 GObject* constructOnConnection(GType type, guint count, GObjectConstructParam* properties) {
     auto* const parent = static_cast<GObjectClass*>(g_type_class_peek(SECRET_TYPE_SERVICE));
     GObject* const object = parent->constructor(type, count, properties);
