@@ -93,8 +93,8 @@ void LocalAgent::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId)
     if (!concerns(agentId)) return;
     if (hint & HintActiveAccount) ClearConfigBasePath();
     loadSettings();
-    quelm::LogInfo(fmt::format("The settings of account {} were read again (0x{:04X}).",
-                               accountId_, hint));
+    quelm::LogInfo(
+        fmt::format("The settings of account {} were read again (0x{:04X}).", accountId_, hint));
 }
 
 /// What cannot be read leaves the settings as they were.

@@ -67,8 +67,8 @@ template <class Number>
 bool parseNumber(std::string_view text, Number& number) {
     const bool hexadecimal = text.starts_with("0x");
     if (hexadecimal) text.remove_prefix(2);
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number,
-                                              hexadecimal ? 16 : 10);
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), number, hexadecimal ? 16 : 10);
     return error == std::errc() && end == text.data() + text.size();
 }
 

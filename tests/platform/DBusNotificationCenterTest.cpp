@@ -153,34 +153,25 @@ TEST_F(TheBus, TellsObserversNothingOnceTheirHandleIsGone) {
     EXPECT_EQ(receiver_.received.size(), 4U);
 }
 
-TEST_F(TheBus, KeepsWhatIsPostedWhileItIsAwayAndSendsItOnceAndInOrder) {
+TEST_F(TheBus, IsReachedAgainByItselfWithEveryObservationAndAnnouncement) {
+    const char* agent = "com.quelm.client.Agent.account_1";
     std::vector<bool> changes;
     const auto watch =
         receiver_.center.observeConnection([&](bool connected) { changes.push_back(connected); });
-    receiver_.center.announce("com.quelm.client.Agent.account_1");
+    receiver_.center.announce(agent);
     receiver_.listen();
     bus_.stop();
-    constexpr int count = 10'000;
-    for (int i = 0; i < count; ++i)
-        sender_.center.post(event, object, {{"n", i}});
-    EXPECT_FALSE(sender_.center.waitUntilSent(0ms));
     ASSERT_TRUE(WaitUntil([&] {
         receiver_.loop.processPending();
         return changes.size() == 2;
     }));
+    EXPECT_EQ(receiver_.said().size(), 1U);
     ASSERT_TRUE(bus_.start());
-    // the receiver is there first: a signal does not wait for those who come late
     ASSERT_TRUE(receiver_.center.waitUntilListening(20s));
-    const bool early = !sender_.center.waitUntilSent(0ms);
-    ASSERT_TRUE(sender_.center.waitUntilSent(20s));
-    if (!early) GTEST_SKIP() << "the sender was back before the receiver";
-    ASSERT_TRUE(receiver_.hears(count));
-    for (int i = 0; i < count; ++i)
-        ASSERT_EQ(receiver_.received[static_cast<std::size_t>(i)], (Dictionary{{"n", i}}));
-    EXPECT_EQ(receiver_.received.size(), static_cast<std::size_t>(count));
+    EXPECT_TRUE(sender_.center.isAnnounced(agent, 20s));
+    sender_.center.post(event, object, {});
+    ASSERT_TRUE(receiver_.hears(1));
     EXPECT_EQ(changes, (std::vector<bool>{true, false, true}));
-    EXPECT_TRUE(sender_.center.isAnnounced("com.quelm.client.Agent.account_1", 10s));
-    EXPECT_EQ(sender_.said().size(), 1U) << "said once";
 }
 
 TEST_F(TheBus, NeverHoldsUpWhoPostsWhileItIsFrozen) {

@@ -4,7 +4,7 @@
 #include <mutex>
 #include <thread>
 
-#include "platform/linux/SecretServiceKeychain.h"
+#include "platform/linux/secrets/SecretServiceKeychain.h"
 #include "support/PrivateBus.h"
 
 namespace {

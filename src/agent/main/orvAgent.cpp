@@ -22,9 +22,8 @@ int runAgent() {
     const platform::Reporter reporter = [](const std::string& line) { quelm::LogWarning(line); };
     services = platform::MakeLinuxServices(reporter);
     platform::AddEventServices(services, reporter);
-    const orv::TerminationSignals signals([loop = services.runLoop.get()] {
-        loop->post([loop] { loop->stopModal(0); });
-    });
+    const orv::TerminationSignals signals(
+        [loop = services.runLoop.get()] { loop->post([loop] { loop->stopModal(0); }); });
     const orv::AgentEventSession session;
     const orv::LocalAgent agent(orv::AgentID, *services.runLoop, *services.notifications);
     return services.runLoop->runModal();

@@ -5,10 +5,10 @@
 #include "platform/linux/PolkitAuthorization.h"
 #include "platform/linux/PosixAccessLists.h"
 #include "platform/linux/QtRunLoop.h"
-#include "platform/linux/SecretServiceKeychain.h"
 #include "platform/linux/SysfsDeviceRegistry.h"
 #include "platform/linux/bus/BusAddress.h"
 #include "platform/linux/bus/DBusNotificationCenter.h"
+#include "platform/linux/secrets/SecretServiceKeychain.h"
 
 namespace platform {
 

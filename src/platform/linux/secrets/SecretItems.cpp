@@ -1,4 +1,4 @@
-#include "platform/linux/SecretItems.h"
+#include "platform/linux/secrets/SecretItems.h"
 
 #include <algorithm>
 #include <span>

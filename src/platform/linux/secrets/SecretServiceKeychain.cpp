@@ -1,8 +1,8 @@
-#include "platform/linux/SecretServiceKeychain.h"
+#include "platform/linux/secrets/SecretServiceKeychain.h"
 
 #include <utility>
 
-#include "platform/linux/SecretItems.h"
+#include "platform/linux/secrets/SecretItems.h"
 
 namespace platform {
 

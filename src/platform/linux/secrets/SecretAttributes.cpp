@@ -1,4 +1,4 @@
-#include "platform/linux/SecretAttributes.h"
+#include "platform/linux/secrets/SecretAttributes.h"
 
 #include <algorithm>
 #include <glib.h>

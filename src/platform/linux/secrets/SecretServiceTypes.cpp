@@ -1,4 +1,4 @@
-#include "platform/linux/SecretServiceTypes.h"
+#include "platform/linux/secrets/SecretServiceTypes.h"
 
 #include <libsecret/secret.h>
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/linux/SecretAttributes.h"
-#include "platform/linux/SecretServiceSession.h"
+#include "platform/linux/secrets/SecretAttributes.h"
+#include "platform/linux/secrets/SecretServiceSession.h"
 
 namespace platform {
 

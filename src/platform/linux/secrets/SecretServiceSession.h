@@ -6,8 +6,8 @@
 #include <string>
 
 #include "platform/Keychain.h"
-#include "platform/linux/CallDeadline.h"
-#include "platform/linux/GlibHandles.h"
+#include "platform/linux/secrets/CallDeadline.h"
+#include "platform/linux/secrets/GlibHandles.h"
 
 namespace platform {
 

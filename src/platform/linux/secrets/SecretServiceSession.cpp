@@ -1,9 +1,9 @@
-#include "platform/linux/SecretServiceSession.h"
+#include "platform/linux/secrets/SecretServiceSession.h"
 
 #include <algorithm>
 #include <array>
 
-#include "platform/linux/SecretServiceTypes.h"
+#include "platform/linux/secrets/SecretServiceTypes.h"
 
 namespace platform {
 

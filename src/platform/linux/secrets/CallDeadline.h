@@ -7,7 +7,7 @@
 #include <optional>
 #include <thread>
 
-#include "platform/linux/GlibHandles.h"
+#include "platform/linux/secrets/GlibHandles.h"
 
 namespace platform {
 
