@@ -17,11 +17,11 @@ class TheAgentProcess : public testing::Test {
     void SetUp() override { ASSERT_TRUE(bus_.runs()); }
 
     ChildProcess::Setup setup(std::vector<std::string> words, const std::string& output) const {
-        return {.words = std::move(words),
-                .environment = {{"HOME", home_.path()},
-                                {"DBUS_SESSION_BUS_ADDRESS", bus_.address()}},
-                .input = "",
-                .outputFile = home_ / output};
+        return {
+            .words = std::move(words),
+            .environment = {{"HOME", home_.path()}, {"DBUS_SESSION_BUS_ADDRESS", bus_.address()}},
+            .input = "",
+            .outputFile = home_ / output};
     }
     int orvctl(std::vector<std::string> words) const {
         words.insert(words.begin(), ORVCTL);
@@ -77,18 +77,16 @@ TEST_F(TheAgentProcess, IsDrivenByOrvctlAndHeardByIt) {
     reached.erase(std::unique(reached.begin(), reached.end()), reached.end());
     EXPECT_EQ(reached, (std::vector<int>{1, 2, 3, 4, 1}));
     const auto all = lines("events");
-    const json request = {{"notification", "com.quelm.client.AgentEvent"},
-                          {"payload",
-                           {{"agent-id", "1"},
-                            {"event_name", "request_disconnect"},
-                            {"reason", "a=b"}}}};
+    const json request = {
+        {"notification", "com.quelm.client.AgentEvent"},
+        {"payload", {{"agent-id", "1"}, {"event_name", "request_disconnect"}, {"reason", "a=b"}}}};
     EXPECT_EQ(std::count(all.begin(), all.end(), request), 1);
 }
 
 TEST_F(TheAgentProcess, IsOneForEachAccountAndSaysSo) {
-    ASSERT_TRUE(events_.start(setup({ORVCTL, "events", "--name", "ConnectionStatusChanged",
-                                     "--agent", "5", "--count", "1"},
-                                    "events")));
+    ASSERT_TRUE(events_.start(setup(
+        {ORVCTL, "events", "--name", "ConnectionStatusChanged", "--agent", "5", "--count", "1"},
+        "events")));
     ASSERT_TRUE(prints("events", 1));
     ASSERT_TRUE(agent_.start(setup({ORV_AGENT, "5"}, "agent")));
     EXPECT_EQ(events_.wait(), 0) << "after the one that it was to print";

@@ -1,9 +1,8 @@
-#include "agent/LocalAgent.h"
-
 #include <gtest/gtest.h>
 #include <optional>
 
 #include "agent/AccountLock.h"
+#include "agent/LocalAgent.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "config/PropertyFiles.h"
@@ -83,8 +82,7 @@ TEST_F(TheAgent, ConnectsAndDisconnectsOnRequestStepByStep) {
 
 TEST_F(TheAgent, HearsWhatConcernsItsAccountOrAll) {
     start("42");
-    EXPECT_EQ(center_->announced,
-              std::vector<std::string>{"com.quelm.client.Agent.account_42"});
+    EXPECT_EQ(center_->announced, std::vector<std::string>{"com.quelm.client.Agent.account_42"});
     reported();
     for (const char* other : {"0", "1", "4", ""})
         send("request_connect", {{"agent-id", other}});

@@ -25,9 +25,9 @@ class ARestartOfTheBus : public testing::Test {
         auto& services = platform::ProcessServices();
         services.notifications = std::make_unique<platform::DBusNotificationCenter>(
             loop_, "unix:path=" + link_, platform::Reporter());
-        observation_ = peer_.observe(
-            orv::notifications::agentEvent, orv::defaultNotificationObject,
-            [this](const Dictionary& payload) { received_.push_back(payload); });
+        observation_ =
+            peer_.observe(orv::notifications::agentEvent, orv::defaultNotificationObject,
+                          [this](const Dictionary& payload) { received_.push_back(payload); });
         ASSERT_TRUE(peer_.waitUntilListening(20s));
         ASSERT_TRUE(services.notifications->waitUntilListening(20s));
         orv::BeginAgentEvents();

@@ -50,18 +50,21 @@ TEST_F(LinkCommands, SendWhatTheirArgumentsSay) {
 TEST_F(LinkCommands, NotifyTheAccountOfTheCommandLine) {
     EXPECT_EQ(run({"--account", "7", "notify", "settings", "0xc000"}), ExitCode::Done);
     EXPECT_EQ(center_->posted().at(0).payload, (Dictionary{{"agent-id", "7"}, {"hint", 0xC000}}));
-    EXPECT_EQ(run({"notify", "status", "-1", "--agent", "8"}), ExitCode::Failed)
-        << "the program's queue has ended";
-    EXPECT_EQ(*center_->posted().at(1).payload.find("status"), quelm::Value(-1));
+}
+
+TEST_F(LinkCommands, NotifyAStateAsOfNow) {
+    EXPECT_EQ(run({"notify", "status", "4"}), ExitCode::Done);
+    const Dictionary payload = center_->posted().at(0).payload;
+    EXPECT_EQ(*payload.find("status"), quelm::Value(4));
+    EXPECT_GT(*payload.find("timestamp")->asInteger(), 1'700'000'000);
 }
 
 TEST_F(LinkCommands, SayThatNoAgentIsThereForWhatOnlyAgentsHear) {
     EXPECT_EQ(run({"send", "request_connect"}), ExitCode::NoAgent);
     EXPECT_EQ(center_->posted().size(), 1U) << "it is sent all the same";
     platform::ProcessServices().notifications.reset();
-    for (const auto& words : {std::vector<std::string>{"send", "store_status"},
-                              {"notify", "report"},
-                              {"events"}}) {
+    for (const auto& words :
+         {std::vector<std::string>{"send", "store_status"}, {"notify", "report"}, {"events"}}) {
         EXPECT_EQ(run(words), ExitCode::NoAgent);
     }
     EXPECT_EQ(out_.str(), "");
