@@ -124,12 +124,37 @@ inline constexpr const char* errorDetail = "error-detail";
 inline constexpr const char* path = "path";
 inline constexpr const char* masterProjectFolder = "mpf";
 inline constexpr const char* id = "id";
+inline constexpr const char* errorFlag = "err";
+inline constexpr const char* low = "low";
 inline constexpr const char* itemId = "item_id";
 inline constexpr const char* lockHolder = "lock_holder";
 inline constexpr const char* lockHolderId = "lock_holder_id";
 inline constexpr const char* lock = "lock";
 inline constexpr const char* lockTime = "locktime";
 inline constexpr const char* lockDetails = "lockdetails";
+
+// of "sync_request" and its answers
+inline constexpr const char* computeSynced = "compute-synced";
+inline constexpr const char* projectList = "project-list";
+inline constexpr const char* projectId = "project-id";
+inline constexpr const char* projectPath = "project-path";
+inline constexpr const char* fullPath = "full-path";
+inline constexpr const char* folderId = "folder-id";
+inline constexpr const char* rootId = "root-id";
+inline constexpr const char* mergeOption = "merge-option";
+inline constexpr const char* name = "name";
+inline constexpr const char* owner = "owner";
+inline constexpr const char* password = "password";
+inline constexpr const char* onlyFolders = "onlyfolders";
+inline constexpr const char* sparse = "sparse";
+inline constexpr const char* sizedFolderId = "folderid";
+inline constexpr const char* size = "size";
+inline constexpr const char* found = "found";
+inline constexpr const char* fileId = "fid";
+inline constexpr const char* serverCommand = "server-command";
+inline constexpr const char* disableMove = "disable-move";
+inline constexpr const char* violationsList = "violations-list";
+inline constexpr const char* defaultFolder = "default-folder";
 
 // of messages and logging
 inline constexpr const char* title = "title";
@@ -254,6 +279,8 @@ inline constexpr const char* setProjectPath = "set-project-path";
 inline constexpr const char* unsubscribe = "unsubscribe";
 inline constexpr const char* createExternal = "create-external";
 inline constexpr const char* updateProjectPath = "update-project-path";
+// as the server calls it
+inline constexpr const char* getFolderSizeOnServer = "getFolderSize";
 // of "lan-info"
 inline constexpr const char* requestFileServers = "request-FSA-list";
 inline constexpr const char* responseFileServers = "response-FSA-list";
