@@ -1,8 +1,9 @@
-// bench_link FILE: events from one process to another on a private bus, through the queue and the
+// bench_link FILE REPETITIONS: events from one process to another on a private bus, through the queue and the
 // observer, and beside it on libdbus alone, which the adapter uses. Writes {"name": number} as
-// JSON: nanoseconds, but for what ends with "Bytes".
+// JSON: nanoseconds, but for what ends with "Bytes". Medians of so many repetitions.
 #include <QCoreApplication>
 #include <algorithm>
+#include <cstdlib>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <fstream>
@@ -40,9 +41,9 @@ pid_t inChild(const std::function<void()>& work) {
 }
 
 /// Hears the traffic in a child, sends it from another, and answers what `measure` wrote there.
-std::vector<double> exchange(const Traffic& traffic, Sender sender, Receiver receiver,
-                             const std::function<std::vector<double>(std::vector<std::int64_t>&,
-                                                                     std::int64_t)>& measure) {
+std::vector<double> exchange(
+    const Traffic& traffic, Sender sender, Receiver receiver,
+    const std::function<std::vector<double>(std::vector<std::int64_t>&, std::int64_t)>& measure) {
     const test_support::PrivateBus bus;
     int ready[2];
     int results[2];
@@ -85,11 +86,11 @@ double percentile(std::vector<std::int64_t>& values, double share) {
 void measureThroughput(Results& results, const std::string& name, Sender sender,
                        Receiver receiver) {
     constexpr Traffic traffic{100'000};
-    const auto figures = exchange(traffic, sender, receiver,
-                                  [](const auto& latencies, std::int64_t duration) {
-                                      return std::vector{static_cast<double>(duration) /
-                                                         static_cast<double>(latencies.size())};
-                                  });
+    const auto figures =
+        exchange(traffic, sender, receiver, [](const auto& latencies, std::int64_t duration) {
+            return std::vector{static_cast<double>(duration) /
+                               static_cast<double>(latencies.size())};
+        });
     if (!figures.empty()) results[name + "EachEvent"].push_back(figures[0]);
 }
 
@@ -132,12 +133,11 @@ void hearFlood(const std::string& address, const Traffic& traffic,
 
 void measureFlood(Results& results) {
     constexpr Traffic traffic{100'000};
-    const auto figures =
-        exchange(traffic, Flood, hearFlood, [](auto& gaps, std::int64_t) {
-            const auto memory = static_cast<double>(gaps.back());
-            gaps.pop_back();
-            return std::vector{percentile(gaps, 1), memory};
-        });
+    const auto figures = exchange(traffic, Flood, hearFlood, [](auto& gaps, std::int64_t) {
+        const auto memory = static_cast<double>(gaps.back());
+        gaps.pop_back();
+        return std::vector{percentile(gaps, 1), memory};
+    });
     if (figures.size() < 2) return;
     results["FloodLongestStall"].push_back(figures[0]);
     results["FloodMemoryBytes"].push_back(figures[1]);
@@ -154,9 +154,10 @@ void Pace(const Traffic& traffic, const std::function<void(int number)>& send) {
 }
 
 int main(int argc, char** argv) {
-    if (argc != 2) return 2;
+    if (argc != 3) return 2;
+    const int repetitions = std::atoi(argv[2]);
     Results results;
-    for (int repetition = 0; repetition < 5; ++repetition) {
+    for (int repetition = 0; repetition < repetitions; ++repetition) {
         measureThroughput(results, "Link", SendByQueue, HearByObserver);
         measureThroughput(results, "Libdbus", SendByLibdbus, HearByLibdbus);
         measureLatency(results, "Link", SendByQueue, HearByObserver);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <pthread.h>
 #include <utility>
 
 #include "agentlink/AgentVocabulary.h"
@@ -63,13 +64,14 @@ void setThreadRuns(bool runs) {
 void waitUntilTaken() {
     constexpr std::chrono::minutes turn(1);
     bool ended = false;
-    while (center() && !ended && !center()->waitUntilSent(turn)) {
+    while (center() && !ended && !center()->waitForRoom(turn)) {
         const CLockIt lock(s_NotificationSendMutex);
         ended = s_NotificationsEnded;
     }
 }
 
 void NotificationSendThread(void*) {
+    pthread_setname_np(pthread_self(), "agent-events");
     setThreadRuns(true);
     try {
         while (const auto payload = takeEvent()) {

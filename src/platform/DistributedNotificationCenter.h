@@ -48,6 +48,8 @@ class DistributedNotificationCenter {
     // Each waits, so none is for the main thread of a program with windows. False when the time
     // ran out or the center was closed.
 
+    /// Until few enough notifications wait for the service to take one more.
+    virtual bool waitForRoom(std::chrono::milliseconds limit) = 0;
     /// Until all that was posted has left this process.
     virtual bool waitUntilSent(std::chrono::milliseconds limit) = 0;
     /// Until every observation so far is in force.

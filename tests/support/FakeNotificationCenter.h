@@ -37,6 +37,7 @@ class FakeNotificationCenter final : public platform::DistributedNotificationCen
         return add({"", "", nullptr, std::move(handler)});
     }
     void announce(const std::string& name) override { announced.push_back(name); }
+    bool waitForRoom(std::chrono::milliseconds limit) override { return waitUntilSent(limit); }
     bool waitUntilSent(std::chrono::milliseconds limit) override {
         std::unique_lock lock(mutex_);
         return changed_.wait_for(lock, limit, [this] { return closed_ || !held_; }) && !closed_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <pthread.h>
 #include <sys/eventfd.h>
 #include <utility>
 
@@ -14,6 +15,8 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds shortestPause(50);
 constexpr milliseconds longestPause(5000);
+/// Who can wait does not let more signals than this wait for the bus.
+constexpr std::size_t comfortableBacklog = 64;
 
 }  // namespace
 
@@ -60,6 +63,7 @@ void BusLink::send(BusMessage signal) {
         return;
     }
     if (!ready_) return;
+    if (outbox_.size() > 1) return;  // the thread waits for the socket to take more
     outbox_.pump(*connection_);
     if (!outbox_.empty()) wake();
 }
@@ -113,6 +117,13 @@ void BusLink::announce(const std::string& name) {
 bool BusLink::waitFor(Lock& lock, Clock::time_point end, const std::function<bool()>& condition) {
     changed_.wait_until(lock, end, [&] { return ended_ || condition(); });
     return !ended_ && condition();
+}
+
+bool BusLink::waitForRoom(milliseconds limit) {
+    Lock lock(mutex_);
+    if (!ended_ && outbox_.size() < comfortableBacklog) return true;
+    return waitFor(lock, Clock::now() + limit,
+                   [this] { return outbox_.size() <= comfortableBacklog / 2; });
 }
 
 bool BusLink::waitUntilSent(milliseconds limit) {
@@ -172,6 +183,7 @@ bool BusLink::close(milliseconds limit) {
 // The thread
 
 void BusLink::run() {
+    pthread_setname_np(pthread_self(), "session-bus");
     while (true) {
         connect();
         waitForWork();
@@ -216,15 +228,19 @@ void BusLink::waitForWork() {
     polls.push_back({wakeUp_.get(), POLLIN, 0});
     ::poll(polls.data(), polls.size(), pollTimeout());
     std::uint64_t ignored = 0;
-    [[maybe_unused]] const auto size = ::read(wakeUp_.get(), &ignored, sizeof ignored);
+    if (polls.back().revents) {
+        [[maybe_unused]] const auto size = ::read(wakeUp_.get(), &ignored, sizeof ignored);
+    }
 
     polls.pop_back();
     const std::lock_guard lock(mutex_);
     if (!connection_) return;
     connection_->handle(polls);
     if (!ready_) return;
+    const bool hadRoom = outbox_.size() <= comfortableBacklog / 2;
     outbox_.pump(*connection_);
-    if (outbox_.empty()) changed_.notify_all();
+    const bool hasRoom = outbox_.size() <= comfortableBacklog / 2;
+    if (outbox_.empty() || (hasRoom && !hadRoom)) changed_.notify_all();
 }
 
 void BusLink::readSignals() {

@@ -45,6 +45,8 @@ class BusLink {
     void announce(const std::string& name);
     void wake();
 
+    /// Until at most half of 64 signals wait; at once while fewer than 64 do.
+    [[nodiscard]] bool waitForRoom(std::chrono::milliseconds limit);
     [[nodiscard]] bool waitUntilSent(std::chrono::milliseconds limit);
     [[nodiscard]] bool waitUntilListening(std::chrono::milliseconds limit);
     [[nodiscard]] bool isAnnounced(const std::string& name, std::chrono::milliseconds limit);

@@ -177,6 +177,9 @@ DBusNotificationCenter::observeConnection(ConnectionHandler handler) {
 void DBusNotificationCenter::announce(const std::string& name) {
     core_->link().announce(name);
 }
+bool DBusNotificationCenter::waitForRoom(std::chrono::milliseconds limit) {
+    return core_->link().waitForRoom(limit);
+}
 bool DBusNotificationCenter::waitUntilSent(std::chrono::milliseconds limit) {
     return core_->link().waitUntilSent(limit);
 }

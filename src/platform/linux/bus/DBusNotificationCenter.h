@@ -31,6 +31,7 @@ class DBusNotificationCenter final : public DistributedNotificationCenter {
     [[nodiscard]] std::unique_ptr<Observation> observeConnection(
         ConnectionHandler handler) override;
     void announce(const std::string& name) override;
+    bool waitForRoom(std::chrono::milliseconds limit) override;
     bool waitUntilSent(std::chrono::milliseconds limit) override;
     [[nodiscard]] bool waitUntilListening(std::chrono::milliseconds limit) override;
     [[nodiscard]] bool isAnnounced(const std::string& name,

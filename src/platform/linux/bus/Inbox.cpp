@@ -14,25 +14,33 @@ constexpr std::chrono::milliseconds slice(5);
 }  // namespace
 
 bool Inbox::hasRoom() {
-    const std::lock_guard lock(mutex_);
-    if (!full_) full_ = cost_ >= mostBytes || items_.size() >= mostItems;
+    if (!full_ && (cost_ >= mostBytes || count_ >= mostItems)) {
+        full_ = true;
+        // The main thread may have worked it off in between, and would not say so any more.
+        if (isHalfEmpty()) full_ = false;
+    }
     return !full_;
+}
+
+bool Inbox::isHalfEmpty() const {
+    return cost_ <= mostBytes / 2 && count_ <= mostItems / 2;
 }
 
 void Inbox::push(RunLoop::Task delivery, std::size_t cost) {
     const std::lock_guard lock(mutex_);
     if (closed_) return;
-    items_.push_back({std::move(delivery), cost});
     cost_ += cost;
+    ++count_;
+    arrived_.push_back({std::move(delivery), cost});
     schedule();
 }
 
 void Inbox::close() {
     std::deque<Item> dropped;
+    current_.clear();
     const std::lock_guard lock(mutex_);
     closed_ = true;
-    cost_ = 0;
-    items_.swap(dropped);
+    arrived_.swap(dropped);
 }
 
 /// The mutex is held.
@@ -47,6 +55,8 @@ void Inbox::drain() {
     {
         const std::lock_guard lock(mutex_);
         scheduled_ = false;
+        // What is left goes on after this slice, or in a modal session within a delivery.
+        if (count_ > 1) schedule();
     }
     const auto end = std::chrono::steady_clock::now() + slice;
     do {
@@ -56,19 +66,22 @@ void Inbox::drain() {
     } while (std::chrono::steady_clock::now() < end);
 }
 
-/// Before a delivery runs, the next slice is posted if anything is left: a modal session within the
-/// delivery goes on with it.
+bool Inbox::takeOver() {
+    const std::lock_guard lock(mutex_);
+    if (current_.empty()) current_.swap(arrived_);
+    return !current_.empty();
+}
+
 RunLoop::Task Inbox::take() {
-    std::unique_lock lock(mutex_);
-    if (items_.empty()) return nullptr;
-    RunLoop::Task delivery = std::move(items_.front().delivery);
-    cost_ -= items_.front().cost;
-    items_.pop_front();
-    if (!items_.empty()) schedule();
-    const bool drained = full_ && cost_ <= mostBytes / 2 && items_.size() <= mostItems / 2;
-    if (drained) full_ = false;
-    lock.unlock();
-    if (drained) drained_();
+    if (current_.empty() && !takeOver()) return nullptr;
+    RunLoop::Task delivery = std::move(current_.front().delivery);
+    cost_ -= current_.front().cost;
+    --count_;
+    current_.pop_front();
+    if (full_ && isHalfEmpty()) {
+        full_ = false;
+        drained_();
+    }
     return delivery;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -36,14 +37,18 @@ class Inbox : public std::enable_shared_from_this<Inbox> {
 
     void schedule();
     void drain();
+    [[nodiscard]] bool takeOver();
+    [[nodiscard]] bool isHalfEmpty() const;
     [[nodiscard]] RunLoop::Task take();
 
     RunLoop* runLoop_;
     std::function<void()> drained_;
+    std::deque<Item> current_;            // main thread only; taken over from `arrived_` at one go
+    std::atomic<std::size_t> cost_ = 0;   // of both
+    std::atomic<std::size_t> count_ = 0;  // in both
+    std::atomic<bool> full_ = false;
     std::mutex mutex_;  // for what follows
-    std::deque<Item> items_;
-    std::size_t cost_ = 0;
-    bool full_ = false;
+    std::deque<Item> arrived_;
     bool scheduled_ = false;
     bool closed_ = false;
 };

@@ -14,6 +14,7 @@ class Outbox {
     /// False, and the message is dropped, when 100,000 wait already.
     [[nodiscard]] bool add(BusMessage message);
     [[nodiscard]] bool empty() const { return messages_.empty(); }
+    [[nodiscard]] std::size_t size() const { return messages_.size(); }
     /// Writes as much as the connection takes.
     void pump(BusConnection& connection);
     /// The connection is gone: the message that was under way begins anew. False when it has seen
