@@ -1,6 +1,6 @@
-// bench_link FILE REPETITIONS: events from one process to another on a private bus, through the queue and the
-// observer, and beside it on libdbus alone, which the adapter uses. Writes {"name": number} as
-// JSON: nanoseconds, but for what ends with "Bytes". Medians of so many repetitions.
+// bench_link FILE REPETITIONS: events from one process to another on a private bus, through the
+// queue and the observer, and beside it on libdbus alone, which the adapter uses. Writes {"name":
+// number} as JSON: nanoseconds, but for what ends with "Bytes". Medians of so many repetitions.
 #include <QCoreApplication>
 #include <algorithm>
 #include <cstdlib>

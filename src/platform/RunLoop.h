@@ -28,6 +28,14 @@ class RunLoop {
     [[nodiscard]] virtual std::unique_ptr<Timer> every(std::chrono::milliseconds interval,
                                                        Task task) = 0;
 
+    /// Ends with its destruction, also from within its own task.
+    class Watch {
+     public:
+        virtual ~Watch() = default;
+    };
+    /// Runs the task whenever the descriptor, which outlives the handle, has something to read.
+    [[nodiscard]] virtual std::unique_ptr<Watch> watch(int descriptor, Task readable) = 0;
+
     /// Runs the loop until `stopModal` and answers its code. Sessions nest; the innermost stops.
     virtual int runModal() = 0;
     /// Without a running session nothing happens.

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include "platform/linux/QtRunLoop.h"
@@ -104,6 +105,24 @@ TYPED_TEST(ARunLoop, DoesNotFireATimerAgainWhileItsTaskRuns) {
         --depth;
     });
     EXPECT_EQ(this->notesAfter(2), (Notes{"entered", "entered"}));
+}
+
+TYPED_TEST(ARunLoop, TellsThatADescriptorCanBeReadUntilItsHandleGoes) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    std::unique_ptr<RunLoop::Watch> watch = this->loop_->watch(ends[0], [&] {
+        char byte = 0;
+        EXPECT_EQ(::read(ends[0], &byte, 1), 1);
+        this->notes_.emplace_back(1, byte);
+        if (byte == 'b') watch.reset();
+    });
+    this->loop_->processPending();
+    ASSERT_EQ(::write(ends[1], "abc", 3), 3);
+    EXPECT_EQ(this->notesAfter(2), (Notes{"a", "b"})) << "again while something is left";
+    this->loop_->processPending();
+    EXPECT_EQ(this->notes_.size(), 2U);
+    for (const int end : ends)
+        ::close(end);
 }
 
 TYPED_TEST(ARunLoop, RunsWhatIsDueAtOnceAndNothingOnceItIsGone) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <poll.h>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -31,6 +32,13 @@ class ManualRunLoop final : public platform::RunLoop {
     [[nodiscard]] std::unique_ptr<Timer> every(Duration interval, Task task) override {
         interval = std::max(interval, Duration(1));
         return add({now_ + interval, interval, std::move(task)});
+    }
+    [[nodiscard]] std::unique_ptr<Watch> watch(int descriptor, Task readable) override {
+        std::erase_if(watches_, [](const auto& other) { return other.expired(); });
+        auto handle = std::make_unique<WatchHandle>();
+        handle->watched = std::make_shared<Watched>(Watched{descriptor, std::move(readable)});
+        watches_.push_back(handle->watched);
+        return handle;
     }
     int runModal() override {
         std::optional<int> code;
@@ -66,6 +74,14 @@ class ManualRunLoop final : public platform::RunLoop {
         std::shared_ptr<Alarm> alarm;
     };
 
+    struct Watched {
+        int descriptor;
+        Task readable;
+    };
+    struct WatchHandle final : Watch {
+        std::shared_ptr<Watched> watched;
+    };
+
     std::unique_ptr<Timer> add(Alarm alarm) {
         std::erase_if(alarms_, [](const auto& other) { return other.expired(); });
         auto handle = std::make_unique<Handle>();
@@ -87,10 +103,22 @@ class ManualRunLoop final : public platform::RunLoop {
             return true;
         }
         lock.unlock();
+        if (runReadable()) return true;
         const auto alarm = nextAlarm();
         if (!alarm || alarm->due > limit) return false;
         fire(*alarm);
         return true;
+    }
+
+    bool runReadable() {
+        for (const auto& held : std::vector(watches_)) {
+            const auto watched = held.lock();
+            pollfd request{watched ? watched->descriptor : -1, POLLIN, 0};
+            if (::poll(&request, 1, 0) < 1) continue;
+            watched->readable();
+            return true;
+        }
+        return false;
     }
 
     [[nodiscard]] std::shared_ptr<Alarm> nextAlarm() const {
@@ -113,7 +141,8 @@ class ManualRunLoop final : public platform::RunLoop {
 
     TimePoint now_{std::chrono::seconds(1'700'000'000)};
     int steps_ = 0;
-    std::vector<std::weak_ptr<Alarm>> alarms_;  // owned by their handles
+    std::vector<std::weak_ptr<Alarm>> alarms_;     // owned by their handles
+    std::vector<std::weak_ptr<Watched>> watches_;  // likewise
     std::vector<std::optional<int>*> sessions_;
     std::mutex mutex_;  // for the tasks
     std::deque<Task> tasks_;

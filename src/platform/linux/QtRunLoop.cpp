@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <algorithm>
 #include <limits>
@@ -32,6 +33,17 @@ class QtTimer final : public RunLoop::Timer {
     QTimer timer_;
 };
 
+class QtWatch final : public RunLoop::Watch {
+ public:
+    QtWatch(const QObject& loop, int descriptor, RunLoop::Task task)
+        : notifier_(descriptor, QSocketNotifier::Read) {
+        QObject::connect(&notifier_, &QSocketNotifier::activated, &loop, std::move(task));
+    }
+
+ private:
+    QSocketNotifier notifier_;
+};
+
 }  // namespace
 
 struct QtRunLoop::Core {
@@ -52,6 +64,10 @@ std::unique_ptr<RunLoop::Timer> QtRunLoop::after(milliseconds delay, Task task) 
 
 std::unique_ptr<RunLoop::Timer> QtRunLoop::every(milliseconds interval, Task task) {
     return std::make_unique<QtTimer>(core_->receiver, interval, false, std::move(task));
+}
+
+std::unique_ptr<RunLoop::Watch> QtRunLoop::watch(int descriptor, Task readable) {
+    return std::make_unique<QtWatch>(core_->receiver, descriptor, std::move(readable));
 }
 
 int QtRunLoop::runModal() {

@@ -17,6 +17,7 @@ class QtRunLoop final : public RunLoop {
     [[nodiscard]] std::unique_ptr<Timer> after(std::chrono::milliseconds delay, Task task) override;
     [[nodiscard]] std::unique_ptr<Timer> every(std::chrono::milliseconds interval,
                                                Task task) override;
+    [[nodiscard]] std::unique_ptr<Watch> watch(int descriptor, Task readable) override;
     int runModal() override;
     void stopModal(int code) override;
     void processPending() override;

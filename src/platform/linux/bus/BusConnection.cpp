@@ -89,16 +89,30 @@ void BusConnection::sendCall(BusMessage message, Reply reply) {
     replies_[serial] = std::move(reply);
 }
 
-std::vector<pollfd> BusConnection::polls() const {
+int BusConnection::descriptor() const {
+    int descriptor = -1;
+    return dbus_connection_get_unix_fd(connection_.get(), &descriptor) ? descriptor : -1;
+}
+
+std::vector<pollfd> BusConnection::polls(bool reading) const {
     std::vector<pollfd> polls;
     for (DBusWatch* watch : watches_->all) {
         const unsigned flags = dbus_watch_get_enabled(watch) ? dbus_watch_get_flags(watch) : 0;
         short events = 0;
-        if (flags & DBUS_WATCH_READABLE) events |= POLLIN;
+        if (reading && (flags & DBUS_WATCH_READABLE)) events |= POLLIN;
         if (flags & DBUS_WATCH_WRITABLE) events |= POLLOUT;
-        polls.push_back({events ? dbus_watch_get_unix_fd(watch) : -1, events, 0});
+        polls.push_back({flags ? dbus_watch_get_unix_fd(watch) : -1, events, 0});
     }
     return polls;
+}
+
+void BusConnection::read() {
+    for (DBusWatch* watch : watches_->all) {
+        if (!dbus_watch_get_enabled(watch) || !(dbus_watch_get_flags(watch) & DBUS_WATCH_READABLE))
+            continue;
+        dbus_watch_handle(watch, DBUS_WATCH_READABLE);
+        return;  // the watches may have changed
+    }
 }
 
 void BusConnection::handle(std::span<const pollfd> polled) {
@@ -113,6 +127,10 @@ void BusConnection::handle(std::span<const pollfd> polled) {
         if (found & (POLLERR | POLLNVAL)) flags |= DBUS_WATCH_ERROR;
         if (flags) dbus_watch_handle(watches[i], flags);
     }
+}
+
+bool BusConnection::hasNext() const {
+    return dbus_connection_get_dispatch_status(connection_.get()) == DBUS_DISPATCH_DATA_REMAINS;
 }
 
 BusMessage BusConnection::next() {

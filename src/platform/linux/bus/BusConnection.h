@@ -38,12 +38,19 @@ class BusConnection {
     /// Asks for a name, and answers `reply`; nobody waits in line for a name that is taken.
     void requestName(const std::string& name);
 
-    /// What to wait for; a negative descriptor stands for nothing at the moment.
-    [[nodiscard]] std::vector<pollfd> polls() const;
+    /// The socket's, while it is connected.
+    [[nodiscard]] int descriptor() const;
+    /// What to wait for: that the connection ends, that it can be written if there is something to
+    /// write, and with `reading`, that something has come.
+    [[nodiscard]] std::vector<pollfd> polls(bool reading) const;
     /// Reads and writes as the poll of `polls` found.
     void handle(std::span<const pollfd> polled);
+    /// Reads a little, if something has come.
+    void read();
     /// The next message that is no reply to one of the calls; replies are dealt with on the way.
     [[nodiscard]] BusMessage next();
+    /// Whether `next` has another without reading.
+    [[nodiscard]] bool hasNext() const;
 
  private:
     struct Close {

@@ -9,23 +9,13 @@
 
 namespace platform {
 
-namespace {
-
 using std::chrono::milliseconds;
-
-constexpr milliseconds shortestPause(50);
-constexpr milliseconds longestPause(5000);
-/// Who can wait does not let more signals than this wait for the bus.
-constexpr std::size_t comfortableBacklog = 64;
-
-}  // namespace
 
 BusLink::BusLink(std::string address, Listener& listener, Reporter reporter)
     : address_(std::move(address)),
       listener_(&listener),
       reporter_(std::move(reporter)),
-      wakeUp_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      pause_(shortestPause) {
+      wakeUp_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     dbus_threads_init_default();
 }
 
@@ -136,6 +126,8 @@ bool BusLink::callAndWait(const char* member, const std::string& argument, Clock
     Lock lock(mutex_);
     start();
     if (address_.empty() || !waitFor(lock, end, [this] { return ready_; })) return false;
+    ++waiting_;
+    takeReadingBack();
     const auto answered = std::make_shared<bool>(false);
     connection_->call(member, argument,
                       [this, answered, reply = std::move(reply)](DBusMessage* message) {
@@ -144,7 +136,10 @@ bool BusLink::callAndWait(const char* member, const std::string& argument, Clock
                           changed_.notify_all();
                       });
     wake();
-    return waitFor(lock, end, [answered] { return *answered; });
+    const bool done = waitFor(lock, end, [answered] { return *answered; });
+    --waiting_;
+    wake();
+    return done;
 }
 
 bool BusLink::waitUntilListening(milliseconds limit) {
@@ -178,134 +173,6 @@ bool BusLink::close(milliseconds limit) {
     ready_ = false;
     connection_.reset();
     return sent;
-}
-
-// The thread
-
-void BusLink::run() {
-    pthread_setname_np(pthread_self(), "session-bus");
-    while (true) {
-        connect();
-        waitForWork();
-        {
-            const std::lock_guard lock(mutex_);
-            if (ended_) return;
-        }
-        readSignals();
-        loseConnection();
-    }
-}
-
-/// Only this thread replaces the connection, so it looks without the lock; opening may take a
-/// while.
-void BusLink::connect() {
-    if (connection_ || Clock::now() < nextAttempt_) return;
-    std::string error;
-    auto connection = BusConnection::open(
-        address_, [this](DBusMessage* reply) { greeted(reply != nullptr); }, error);
-    nextAttempt_ = Clock::now() + pause_;
-    pause_ = std::min(pause_ * 2, longestPause);
-    const std::lock_guard lock(mutex_);
-    connection_ = std::move(connection);
-    if (!connection_) {
-        sayOnce("No session bus answers at " + address_ + " (" + error +
-                "); trying again until one does. Panel and agent cannot hear each other without.");
-    }
-}
-
-int BusLink::pollTimeout() const {
-    if (connection_) return -1;
-    const auto wait = std::chrono::ceil<milliseconds>(nextAttempt_ - Clock::now());
-    return static_cast<int>(std::max<std::int64_t>(wait.count(), 0));
-}
-
-void BusLink::waitForWork() {
-    std::vector<pollfd> polls;
-    {
-        const std::lock_guard lock(mutex_);
-        if (connection_) polls = connection_->polls();
-    }
-    polls.push_back({wakeUp_.get(), POLLIN, 0});
-    ::poll(polls.data(), polls.size(), pollTimeout());
-    std::uint64_t ignored = 0;
-    if (polls.back().revents) {
-        [[maybe_unused]] const auto size = ::read(wakeUp_.get(), &ignored, sizeof ignored);
-    }
-
-    polls.pop_back();
-    const std::lock_guard lock(mutex_);
-    if (!connection_) return;
-    connection_->handle(polls);
-    if (!ready_) return;
-    const bool hadRoom = outbox_.size() <= comfortableBacklog / 2;
-    outbox_.pump(*connection_);
-    const bool hasRoom = outbox_.size() <= comfortableBacklog / 2;
-    if (outbox_.empty() || (hasRoom && !hadRoom)) changed_.notify_all();
-}
-
-void BusLink::readSignals() {
-    int topic = 0;
-    while (const BusMessage signal = nextSignal(topic)) {
-        if (topic) listener_->received(topic, signal.get());
-    }
-}
-
-BusMessage BusLink::nextSignal(int& topic) {
-    const std::lock_guard lock(mutex_);
-    if (!connection_ || ended_ || (ready_ && !listener_->hasRoom())) return nullptr;
-    BusMessage signal = connection_->next();
-    const Topic* known = signal ? topicOf(signal.get()) : nullptr;
-    topic = known ? known->number : 0;
-    return signal;
-}
-
-const BusLink::Topic* BusLink::topicOf(DBusMessage* signal) const {
-    const auto found =
-        std::find_if(topics_.begin(), topics_.end(), [signal](const Topic& candidate) {
-            const BusTopic& topic = candidate.topic;
-            return dbus_message_is_signal(signal, topic.interface.c_str(), topic.member.c_str()) &&
-                   dbus_message_has_path(signal, topic.path.c_str());
-        });
-    return found == topics_.end() ? nullptr : &*found;
-}
-
-void BusLink::greeted(bool welcome) {
-    if (!welcome) {
-        refused_ = true;
-        sayOnce("The session bus at " + address_ + " turns this process away.");
-        return;
-    }
-    ready_ = true;
-    said_ = false;
-    greetedAt_ = Clock::now();
-    for (const Topic& topic : topics_)
-        addMatch(topic.topic);
-    for (const std::string& name : names_)
-        connection_->requestName(name);
-    outbox_.pump(*connection_);
-    changed_.notify_all();
-    wake();
-    listener_->connectionChanged(true);
-}
-
-/// What has arrived is delivered before.
-void BusLink::loseConnection() {
-    const std::lock_guard lock(mutex_);
-    if (!connection_ || (connection_->isConnected() && !refused_)) return;
-    if (ready_ && !listener_->hasRoom()) return;
-    const bool kept = outbox_.rewind();
-    connection_.reset();
-    refused_ = false;
-    if (!std::exchange(ready_, false)) {
-        sayOnce("The session bus at " + address_ + " does not let this process in.");
-        return;
-    }
-    const auto now = Clock::now();
-    if (now - greetedAt_ > longestPause) pause_ = shortestPause;
-    nextAttempt_ = now + pause_;
-    sayOnce(kept ? "The session bus has gone; trying to reach it again until it is back."
-                 : "The session bus ends the connection at a notification, which is dropped.");
-    listener_->connectionChanged(false);
 }
 
 }  // namespace platform

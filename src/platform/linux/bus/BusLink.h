@@ -18,8 +18,11 @@
 
 namespace platform {
 
-/// A connection to the bus that comes back by itself, with a thread of its own. Any thread may call
-/// what is public; nothing but the waits waits.
+/// A connection to the bus that comes back by itself, with a thread of its own that connects,
+/// writes and sees the connection end. It also reads, until it offers that to the main thread,
+/// which is the shorter way for what arrives; it reads again while somebody waits for an answer,
+/// and for a large message, whose reading takes long. Any thread may call what is public; nothing
+/// but the waits waits.
 class BusLink {
  public:
     /// Called on the link's thread; must not call the link.
@@ -30,6 +33,8 @@ class BusLink {
         [[nodiscard]] virtual bool hasRoom() = 0;
         virtual void received(int topic, DBusMessage* signal) = 0;
         virtual void connectionChanged(bool connected) = 0;
+        /// The main thread may call `acceptReading` once it has what was received before.
+        virtual void readingOffered() = 0;
     };
 
     /// The listener outlives the link.
@@ -45,6 +50,20 @@ class BusLink {
     void announce(const std::string& name);
     void wake();
 
+    /// Main thread: from now on `readNext` reads. Answers a descriptor to watch, a duplicate of the
+    /// socket's; none when the offer has been withdrawn.
+    [[nodiscard]] FileDescriptor acceptReading();
+    struct Reading {
+        enum class Kind { Signal, Nothing, Ended } kind = Kind::Ended;
+        BusMessage signal = nullptr;
+        /// 0 for none of those subscribed.
+        int topic = 0;
+        /// Another can be had at once: what is watched does not tell.
+        bool more = false;
+    };
+    /// Main thread: takes the next signal. Ended when the link's thread reads again.
+    [[nodiscard]] Reading readNext();
+
     /// Until at most half of 64 signals wait; at once while fewer than 64 do.
     [[nodiscard]] bool waitForRoom(std::chrono::milliseconds limit);
     [[nodiscard]] bool waitUntilSent(std::chrono::milliseconds limit);
@@ -55,6 +74,11 @@ class BusLink {
  private:
     using Clock = std::chrono::steady_clock;
     using Lock = std::unique_lock<std::mutex>;
+
+    static constexpr std::chrono::milliseconds shortestPause{50};
+    static constexpr std::chrono::milliseconds longestPause{5000};
+    /// Who can wait lets no more signals wait for the bus.
+    static constexpr std::size_t comfortableBacklog = 64;
 
     struct Topic {
         BusTopic topic;
@@ -71,15 +95,17 @@ class BusLink {
     void run();
     void connect();
     void waitForWork();
+    void offerReading();
     void readSignals();
     [[nodiscard]] BusMessage nextSignal(int& topic);
     void loseConnection();
     [[nodiscard]] int pollTimeout() const;
 
     // with the mutex held
+    void takeReadingBack();
+    [[nodiscard]] int numberOf(DBusMessage* signal) const;
     void greeted(bool welcome);
     void addMatch(const BusTopic& topic);
-    [[nodiscard]] const Topic* topicOf(DBusMessage* signal) const;
     void sayOnce(const std::string& line);
 
     const std::string address_;
@@ -90,7 +116,7 @@ class BusLink {
 
     // on the link's thread
     Clock::time_point nextAttempt_;
-    std::chrono::milliseconds pause_;
+    std::chrono::milliseconds pause_ = shortestPause;
     Clock::time_point greetedAt_;
 
     std::mutex mutex_;  // for what follows
@@ -98,6 +124,10 @@ class BusLink {
     std::unique_ptr<BusConnection> connection_;
     bool ready_ = false;  // the bus has greeted us
     bool refused_ = false;
+    bool ending_ = false;  // the bus has ended the connection; something may be left to read
+    enum class Reader { Thread, Offered, MainThread } reader_ = Reader::Thread;
+    int waiting_ = 0;         // for an answer of the bus
+    int fruitlessReads_ = 0;  // of the main thread: the parts of a large message
     bool ended_ = false;
     bool said_ = false;
     Outbox outbox_;

@@ -1,7 +1,9 @@
 #include "platform/linux/bus/DBusNotificationCenter.h"
 
+#include <chrono>
 #include <exception>
 #include <map>
+#include <mutex>
 #include <set>
 #include <utility>
 
@@ -18,9 +20,11 @@ class DBusNotificationCenter::Core final : public BusLink::Listener,
  public:
     Core(RunLoop& runLoop, std::string address, const Reporter& reporter)
         : reporter_(reporter),
+          runLoop_(&runLoop),
           inbox_(std::make_shared<Inbox>(runLoop, [this] { link_.wake(); })),
           link_(std::move(address), *this, reporter) {}
     ~Core() override {
+        stopReading();
         link_.close(std::chrono::milliseconds(0));
         inbox_->close();
     }
@@ -41,14 +45,25 @@ class DBusNotificationCenter::Core final : public BusLink::Listener,
     bool hasRoom() override { return inbox_->hasRoom(); }
     void received(int topic, DBusMessage* signal) override;
     void connectionChanged(bool connected) override;
+    void readingOffered() override;
 
     // on the main thread
+    void startReading();
+    void readSome();
+    void stopReading();
     void deliver(int topic, const quelm::Dictionary& payload);
     void guarded(const std::function<void()>& delivery) const;
 
+    bool decode(DBusMessage* signal, quelm::Dictionary& payload, std::size_t& memory);
+
     Reporter reporter_;
-    std::set<std::pair<std::string, BusBodyFault>> faults_;  // on the link's thread
-    std::map<int, Observers<Handler>> observers_;            // by topic
+    RunLoop* runLoop_;
+    std::mutex faultsMutex_;
+    std::set<std::pair<std::string, BusBodyFault>> faults_;  // that were said
+    FileDescriptor readable_;                                // outlives its watch
+    std::unique_ptr<RunLoop::Watch> watch_;
+    bool goingOn_ = false;                         // another slice of reading is posted
+    std::map<int, Observers<Handler>> observers_;  // by topic
     Observers<ConnectionHandler> connectionObservers_;
     std::shared_ptr<Inbox> inbox_;
     BusLink link_;
@@ -125,22 +140,71 @@ DBusNotificationCenter::Core::observeConnection(ConnectionHandler handler) {
 void DBusNotificationCenter::Core::received(int topic, DBusMessage* signal) {
     quelm::Dictionary payload;
     std::size_t memory = sizeof payload;
+    if (!decode(signal, payload, memory)) return;
+    inbox_->push([this, topic, payload = std::move(payload)] { deliver(topic, payload); }, memory);
+}
+
+bool DBusNotificationCenter::Core::decode(DBusMessage* signal, quelm::Dictionary& payload,
+                                          std::size_t& memory) {
     const auto fault = ReadBusBody(signal, payload, memory);
-    if (fault == BusBodyFault::None) {
-        inbox_->push([this, topic, payload = std::move(payload)] { deliver(topic, payload); },
-                     memory);
-        return;
-    }
+    if (fault == BusBodyFault::None) return true;
     const char* member = dbus_message_get_member(signal);
+    const std::lock_guard lock(faultsMutex_);
     if (faults_.emplace(member, fault).second && reporter_) {
         reporter_("A notification " + std::string(member) +
                   " from the bus is dropped, and so are " +
                   "others like it: " + std::string(Describe(fault)) + ".");
     }
+    return false;
+}
+
+void DBusNotificationCenter::Core::readingOffered() {
+    inbox_->push([this] { startReading(); }, 0);
+}
+
+void DBusNotificationCenter::Core::startReading() {
+    FileDescriptor accepted = link_.acceptReading();
+    if (!accepted) return;  // withdrawn, or an earlier offer's
+    stopReading();
+    readable_ = std::move(accepted);
+    watch_ = runLoop_->watch(readable_.get(), [this] { readSome(); });
+}
+
+void DBusNotificationCenter::Core::stopReading() {
+    watch_.reset();
+    readable_.reset();
+}
+
+/// For a few milliseconds. What then is left, also to a modal session within a delivery, is posted.
+void DBusNotificationCenter::Core::readSome() {
+    using Kind = BusLink::Reading::Kind;
+    const auto end = std::chrono::steady_clock::now() + Inbox::slice;
+    do {
+        const BusLink::Reading reading = link_.readNext();
+        if (reading.kind == Kind::Ended) return stopReading();
+        if (reading.kind == Kind::Nothing) return;
+        if (reading.more && !std::exchange(goingOn_, true)) {
+            inbox_->push(
+                [this] {
+                    goingOn_ = false;
+                    readSome();
+                },
+                0);
+        }
+        quelm::Dictionary payload;
+        std::size_t memory = 0;
+        if (reading.topic && decode(reading.signal.get(), payload, memory))
+            deliver(reading.topic, payload);
+    } while (std::chrono::steady_clock::now() < end);
 }
 
 void DBusNotificationCenter::Core::connectionChanged(bool connected) {
-    inbox_->push([this, connected] { guarded([&] { connectionObservers_.call(connected); }); }, 0);
+    inbox_->push(
+        [this, connected] {
+            if (!connected) stopReading();
+            guarded([&] { connectionObservers_.call(connected); });
+        },
+        0);
 }
 
 void DBusNotificationCenter::Core::deliver(int topic, const quelm::Dictionary& payload) {

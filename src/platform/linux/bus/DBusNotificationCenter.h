@@ -10,13 +10,13 @@
 namespace platform {
 
 /// Notifications as signals on a D-Bus message bus; BusTopic.h and BusBody.h say how they look
-/// there. A thread of its own, begun with the first use, reads and writes; a lost bus is tried
-/// again after 50 ms, then after twice as long each time, up to 5 s.
+/// there. A thread of its own begins with the first use; a lost bus is tried again after 50 ms,
+/// then after twice as long each time, up to 5 s.
 ///
-/// Bounds: an observer that does not keep up lets about 8 MiB wait here, and after that the bus
-/// keeps the rest, up to its own limit (max_outgoing_bytes of its configuration, 1 GB on Debian),
-/// beyond which it drops. Bodies are bounded by `BusBodyLimits`. What cannot be read is dropped,
-/// with one line for each name and fault.
+/// Bounds: an observer that does not keep up lets about 9 MiB wait here, and the bus keeps the
+/// rest, up to its own limit (max_outgoing_bytes of its configuration, 1 GB on Debian), beyond
+/// which it drops. Bodies are bounded by `BusBodyLimits`. What cannot be read is dropped, with one
+/// line for each name and fault.
 class DBusNotificationCenter final : public DistributedNotificationCenter {
  public:
     /// An empty address stands for a session without a bus. The run loop outlives the center.

@@ -9,7 +9,6 @@ namespace {
 
 constexpr std::size_t mostBytes = std::size_t{8} << 20U;
 constexpr std::size_t mostItems = 8192;
-constexpr std::chrono::milliseconds slice(5);
 
 }  // namespace
 

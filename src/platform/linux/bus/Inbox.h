@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -17,6 +18,9 @@ namespace platform {
 /// before it fetches the next.
 class Inbox : public std::enable_shared_from_this<Inbox> {
  public:
+    /// For how long the main thread works on end.
+    static constexpr std::chrono::milliseconds slice{5};
+
     /// `drained` is called on the main thread when there is room again.
     Inbox(RunLoop& runLoop, std::function<void()> drained)
         : runLoop_(&runLoop), drained_(std::move(drained)) {}
