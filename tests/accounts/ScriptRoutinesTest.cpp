@@ -1,0 +1,36 @@
+#include "accounts/ScriptRoutines.h"
+
+#include <gtest/gtest.h>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "foundation/system/Log.h"
+#include "support/ChildProcess.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+TEST(ScriptRoutines, AreNotCalledHereAndThatIsSaidOnce) {
+    std::mutex mutex;
+    std::vector<std::string> lines;
+    quelm::SetLogSink([&](std::string_view line) {
+        const std::lock_guard lock(mutex);
+        lines.emplace_back(line);
+    });
+    const auto said = [&] {
+        const std::lock_guard lock(mutex);
+        return lines.size();
+    };
+    const test_support::TemporaryFolder folder;
+    const std::string script = folder.makeFile("a.scpt");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(orv::ExecuteApplescript(script, "routine", {"a"}), std::nullopt);
+    EXPECT_EQ(said(), 1U);
+    orv::orv_ScriptParams::executeScriptWithPath(folder / "absent", "routine", {});
+    EXPECT_TRUE(test_support::WaitUntil([&] { return said() == 2; }));
+    EXPECT_EQ(lines[1], "ERROR: ExecuteApplescript: " + folder / "absent" + " not found");
+    quelm::SetLogSink({});
+}
+
+}  // namespace
