@@ -81,10 +81,10 @@ bool appendContainer(DBusMessageIter* iter, int type, const char* signature, Fil
 
 bool appendDictionary(DBusMessageIter* iter, const quelm::Dictionary& dictionary) {
     return appendContainer(iter, DBUS_TYPE_ARRAY, "{sv}", [&](DBusMessageIter* entries) {
-        for (const auto& [key, member] : dictionary) {
+        for (const quelm::DictionaryEntry& member : dictionary) {
             const bool done = appendContainer(
                 entries, DBUS_TYPE_DICT_ENTRY, nullptr, [&](DBusMessageIter* entry) {
-                    return appendText(entry, key) && appendVariant(entry, member);
+                    return appendText(entry, member.key) && appendVariant(entry, member.value);
                 });
             if (!done) return false;
         }
