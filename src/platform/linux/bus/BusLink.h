@@ -99,9 +99,9 @@ class BusLink {
     void readSignals();
     [[nodiscard]] BusMessage nextSignal(int& topic);
     void loseConnection();
-    [[nodiscard]] int pollTimeout() const;
 
     // with the mutex held
+    [[nodiscard]] int pollTimeout() const;
     void takeReadingBack();
     [[nodiscard]] int numberOf(DBusMessage* signal) const;
     void greeted(bool welcome);

@@ -52,19 +52,21 @@ void BusLink::connect() {
 }
 
 int BusLink::pollTimeout() const {
-    if (connection_) return -1;
+    if (connection_) return ready_ && connection_->isConnected() && outbox_.canGoOn() ? 0 : -1;
     const auto wait = std::chrono::ceil<milliseconds>(nextAttempt_ - Clock::now());
     return static_cast<int>(std::max<std::int64_t>(wait.count(), 0));
 }
 
 void BusLink::waitForWork() {
     std::vector<pollfd> polls;
+    int timeout = 0;
     {
         const std::lock_guard lock(mutex_);
         if (connection_) polls = connection_->polls(reader_ == Reader::Thread);
+        timeout = pollTimeout();
     }
     polls.push_back({wakeUp_.get(), POLLIN, 0});
-    ::poll(polls.data(), polls.size(), pollTimeout());
+    ::poll(polls.data(), polls.size(), timeout);
     std::uint64_t ignored = 0;
     if (polls.back().revents) {
         [[maybe_unused]] const auto size = ::read(wakeUp_.get(), &ignored, sizeof ignored);

@@ -12,7 +12,8 @@ bool Outbox::add(BusMessage message) {
 }
 
 void Outbox::pump(BusConnection& connection) {
-    while (!messages_.empty() && connection.isConnected()) {
+    constexpr int most = 64;
+    for (int i = 0; i < most && !messages_.empty() && connection.isConnected(); ++i) {
         if (!firstIsUnderWay_) connection.send(messages_.front().get());
         firstIsUnderWay_ = true;
         // A connection that breaks forgets what it has not sent; then this message begins anew.

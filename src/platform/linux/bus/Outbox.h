@@ -15,8 +15,10 @@ class Outbox {
     [[nodiscard]] bool add(BusMessage message);
     [[nodiscard]] bool empty() const { return messages_.empty(); }
     [[nodiscard]] std::size_t size() const { return messages_.size(); }
-    /// Writes as much as the connection takes.
+    /// Writes as much as the connection takes, at most 64 messages: the lock is short.
     void pump(BusConnection& connection);
+    /// Whether more could be written at once.
+    [[nodiscard]] bool canGoOn() const { return !messages_.empty() && !firstIsUnderWay_; }
     /// The connection is gone: the message that was under way begins anew. False when it has seen
     /// three connections go, and is dropped as their likely cause.
     [[nodiscard]] bool rewind();
