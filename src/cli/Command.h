@@ -67,6 +67,8 @@ struct Command {
     ExitCode (*run)(const Arguments& arguments, Console& console);
     /// Its own options, each with a value, "--name --count".
     std::string_view options = {};
+    /// Whether it talks to panel and agent: for the others no bus is opened, or missed.
+    bool usesBus = false;
 };
 
 /// All commands, in the order in which the help shows them.

@@ -7,6 +7,7 @@
 #include "cli/Invocation.h"
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
+#include "platform/Services.h"
 
 namespace orv::cli {
 
@@ -75,6 +76,7 @@ ExitCode runCommand(const Invocation& invocation, std::ostream& out, std::ostrea
         return usageError(err, FormatLocalizedString("Cli.CommandUsage", "usage: orvctl %@ %@",
                                                      {command->name, command->parameters}));
     }
+    if (!command->usesBus) platform::ProcessServices().notifications.reset();
     Console console{out, err, invocation.json};
     return command->run(arguments, console);
 }
