@@ -1,5 +1,3 @@
-#include "accounts/filters/FilenameFilter.h"
-
 #include <clocale>
 #include <fnmatch.h>
 #include <gtest/gtest.h>
@@ -7,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "accounts/filters/FilenameFilter.h"
 #include "accounts/filters/ShellPattern.h"
 
 namespace {
@@ -68,12 +67,12 @@ std::string anyOf(const std::vector<std::string>& pieces, std::mt19937& random) 
 
 TEST(ShellPattern, MeansWhatTheCLibraryMeansInTheCLocale) {
     const std::vector<std::string> patternPieces = {
-        "a",         "B",          "z",           "*",           "*",           "?",
-        ".",         "-",          "]",           "!",           "\\",          "\xe4",
-        "\\*",       "[a-z]",      "[!a]",        "[^b]",        "[A-Z]",       "[Z-a]",
-        "[]a]",      "[!]a]",      "[a\\]b]",     "[\\a-\\z]",   "[a-]",        "[--z]",
-        "[z-\xe4]",  "[",          "[a",          "[!",          "[[=a=]]",     "[[.A.]]",
-        "[[.A.]-z]", "[[:foo:]x]", "[[:alpha:]]", "[[:alnum:]]", "[[:upper:]]", "[[:lower:]]",
+        "a",           "B",          "z",           "*",           "*",           "?",
+        ".",           "-",          "]",           "!",           "\\",          "\xe4",
+        "\\*",         "[a-z]",      "[!a]",        "[^b]",        "[A-Z]",       "[Z-a]",
+        "[]a]",        "[!]a]",      "[a\\]b]",     "[\\a-\\z]",   "[a-]",        "[--z]",
+        "[z-\xe4]",    "[",          "[a",          "[!",          "[[=a=]]",     "[[.A.]]",
+        "[[.A.]-z]",   "[[:foo:]x]", "[[:alpha:]]", "[[:alnum:]]", "[[:upper:]]", "[[:lower:]]",
         "[[:punct:]b]"};
     const std::vector<std::string> namePieces = {"a", "A", "b", "B", "z", "Z",  "-", "[",
                                                  "]", ".", "*", "!", "_", "\\", "0", "\xe4"};

@@ -1,5 +1,3 @@
-#include "accounts/filters/FilterList.h"
-
 #include <array>
 #include <gtest/gtest.h>
 #include <random>
@@ -7,6 +5,7 @@
 #include <vector>
 
 #include "accounts/filters/FilterCategories.h"
+#include "accounts/filters/FilterList.h"
 #include "support/PlainFilterList.h"
 
 namespace {
@@ -49,12 +48,22 @@ TEST(FilterList, ACategoryKeepsItsOddPatterns) {
     orv_FilterList list(true);
     addCategories(list);
     EXPECT_EQ(list.all().size(), 282U);
-    const std::pair<const char*, std::uint32_t> cases[] = {
-        {"a.template", 1}, {" a.qxt", 1}, {"ledger.HCX", 2},          {"rawcrw", 3},
-        {"a.jpg2", 3},     {"b.gz", 4},   {"x.photolibraryaplibrarycmt", 0},
-        {"b.odb", 5},      {"xm3url", 6}, {"a.photolibrary.aplibrary.cmt", 3},
-        {"a.mpa", 6},      {"a.xml", 1},  {"a.theater.fcpbundle.AAM", 7},
-        {"a.vfw", 7},      {"a.qxt", 0},  {"a.imovielibrary", 7}};
+    const std::pair<const char*, std::uint32_t> cases[] = {{"a.template", 1},
+                                                           {" a.qxt", 1},
+                                                           {"ledger.HCX", 2},
+                                                           {"rawcrw", 3},
+                                                           {"a.jpg2", 3},
+                                                           {"b.gz", 4},
+                                                           {"x.photolibraryaplibrarycmt", 0},
+                                                           {"b.odb", 5},
+                                                           {"xm3url", 6},
+                                                           {"a.photolibrary.aplibrary.cmt", 3},
+                                                           {"a.mpa", 6},
+                                                           {"a.xml", 1},
+                                                           {"a.theater.fcpbundle.AAM", 7},
+                                                           {"a.vfw", 7},
+                                                           {"a.qxt", 0},
+                                                           {"a.imovielibrary", 7}};
     for (const auto& [name, expected] : cases) {
         std::uint32_t type = 0;
         EXPECT_EQ(list.isIncluded(name, type), expected != 0) << name;
@@ -117,8 +126,8 @@ TEST(FilterList, TheIndexDecidesAMillionNamesAsTheFiltersInOrderDo) {
 
 TEST(FilterList, TheIndexHoldsForRandomListsAndForVeryLongOnes) {
     std::mt19937 random(5);
-    const std::vector<std::string> pieces = {"*", "*.", ".", "a", "B", "?", "[ab]", "\\", "]", "[",
-                                             "c.", ".d", "\xe4", "abcdefgh"};
+    const std::vector<std::string> pieces = {"*",  "*.", ".", "a",  "B",  "?",    "[ab]",
+                                             "\\", "]",  "[", "c.", ".d", "\xe4", "abcdefgh"};
     for (int round = 0; round < 200; ++round) {
         orv_FilterList list(true);
         for (std::uint32_t i = 0; i < 100; ++i) {

@@ -9,7 +9,8 @@
 namespace orv {
 
 /// Regular expressions (PCRE, UTF-8, without regard to case) that exclude folders by their path.
-/// Copies share what was compiled. Any thread.
+/// Nothing in them matches a byte of the path that is not UTF-8. Copies share what was compiled.
+/// Any thread.
 ///
 /// The expressions come from a server, so no expression may hold up a scan: compiling and matching
 /// are bounded. One that reaches a bound on a path counts as not matching it, which is logged once;

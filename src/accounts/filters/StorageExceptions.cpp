@@ -34,7 +34,7 @@ void logUnusable(std::string_view reason) {
 /// The texts of the elements in one element of the file.
 std::vector<std::string> readTexts(const std::string& path, const char* elementName,
                                    std::size_t most) {
-    const auto file = quelm::ParseXmlFile(path, pugi::parse_default | pugi::parse_ws_pcdata_single);
+    const auto file = quelm::ParseXmlFile(path, pugi::parse_default | pugi::parse_ws_pcdata);
     if (file.unreadable) return {};
     if (!file.document) {
         logUnusable(file.error);
