@@ -12,11 +12,15 @@ namespace quelm {
 struct XmlResult {
     std::unique_ptr<pugi::xml_document> document;
     std::string error;
+    /// Whether already reading the file failed.
+    bool unreadable = false;
 };
 
-[[nodiscard]] XmlResult ParseXml(std::string_view text);
+/// `options` are those of pugixml.
+[[nodiscard]] XmlResult ParseXml(std::string_view text, unsigned options = pugi::parse_default);
 
 /// The same of a file, which is not made or changed.
-[[nodiscard]] XmlResult ParseXmlFile(const std::string& path);
+[[nodiscard]] XmlResult ParseXmlFile(const std::string& path,
+                                     unsigned options = pugi::parse_default);
 
 }  // namespace quelm

@@ -1,0 +1,182 @@
+#include "accounts/filters/FilterSettings.h"
+
+#include <fmt/format.h>
+
+#include "accounts/filters/FilterCategories.h"
+#include "accounts/filters/StorageExceptions.h"
+#include "config/ConfigurationPath.h"
+#include "config/PropertyAccess.h"
+#include "config/PropertyFiles.h"
+#include "foundation/system/Log.h"
+#include "foundation/texts/Utf8.h"
+
+namespace orv {
+
+namespace {
+
+constexpr const char* fileName = "filter_info.plist";
+constexpr const char* exceptionsFileName = "storage_exceptions.xml";
+
+template <class T>
+struct Setting {
+    const char* key;
+    T fallback;
+};
+
+// every key of the file beside those of the categories, which are off by default
+constexpr Setting<bool> allFiles{"all", true};
+constexpr const char* includePatterns = "include";
+constexpr const char* excludePatterns = "exclude";
+constexpr Setting<std::int64_t> largestFile{"max_file_size", 0};
+constexpr Setting<std::int64_t> smallestFile{"min_file_size", 50};
+constexpr Setting<bool> sizeFiltering{"file_size_filtering", true};
+
+bool valueOf(const quelm::Dictionary& settings, const Setting<bool>& setting) {
+    return GetBoolPropertyWithDefault(settings, setting.key, setting.fallback);
+}
+
+std::int64_t valueOf(const quelm::Dictionary& settings, const Setting<std::int64_t>& setting) {
+    return GetLongPropertyWithDefault(settings, setting.key, setting.fallback);
+}
+
+std::vector<std::string> stringsOf(const quelm::Dictionary& settings, const char* key) {
+    std::vector<std::string> strings;
+    const quelm::Value* const value = GetArrayProperty(settings, key);
+    const quelm::Array* const array = value ? value->asArray() : nullptr;
+    if (!array) return strings;
+    for (const quelm::Value& item : *array) {
+        if (const auto* text = item.asString()) strings.push_back(*text);
+    }
+    return strings;
+}
+
+void addAll(orv_FilterList& list, const std::vector<std::string>& patterns, EFilterType type) {
+    for (const std::string& pattern : patterns)
+        list.addFilter(pattern.c_str(), type);
+}
+
+}  // namespace
+
+orv_FilterSettings::orv_FilterSettings(const std::string& folder)
+    : path(folder.empty() ? "" : folder + "/" + fileName), settings(CreateEmptyProperties()) {}
+
+bool orv_FilterSettings::load() {
+    return loadFromSpecificPath(path);
+}
+
+bool orv_FilterSettings::loadFromSpecificPath(const std::string& file) {
+    auto loaded = file.empty() ? std::nullopt : LoadPropertiesFromFile(file);
+    quelm::Dictionary* const dictionary = loaded ? loaded->asDictionary() : nullptr;
+    if (dictionary) settings = std::move(*dictionary);
+    return true;
+}
+
+bool orv_FilterSettings::store() const {
+    return storeToSpecificPath(path);
+}
+
+bool orv_FilterSettings::storeToSpecificPath(const std::string& file) const {
+    if (file.empty()) return false;
+    if (!StorePropertiesToFile(file, settings)) {
+        quelm::LogError(fmt::format("{}: cannot be opened, so the filters were not stored", file));
+    }
+    return true;
+}
+
+bool orv_FilterSettings::isEqualToAgentSettings(const orv_FilterSettings& other) const {
+    return settings == other.settings;
+}
+
+bool orv_FilterSettings::includeAllFiles() const {
+    return valueOf(settings, allFiles);
+}
+
+void orv_FilterSettings::setIncludeAllFiles(bool value) {
+    SetBoolProperty(settings, allFiles.key, value);
+}
+
+bool orv_FilterSettings::predefIncludeFilterValue(const std::string& category) const {
+    return IsFilterCategory(category) && GetBoolProperty(settings, category.c_str());
+}
+
+void orv_FilterSettings::setPredefIncludeFilter(const std::string& category, bool value) {
+    SetBoolProperty(settings, category.c_str(), value);
+}
+
+std::vector<std::string> orv_FilterSettings::includeFilters() const {
+    return stringsOf(settings, includePatterns);
+}
+
+std::vector<std::string> orv_FilterSettings::excludeFilters() const {
+    return stringsOf(settings, excludePatterns);
+}
+
+bool orv_FilterSettings::addExcludeFilter(const std::string& pattern) {
+    if (!quelm::IsXmlText(pattern)) return false;
+    quelm::Value* value = settings.find(excludePatterns);
+    if (!value || !value->asArray()) {
+        settings.set(excludePatterns, quelm::Array{});
+        value = settings.find(excludePatterns);
+    }
+    value->asArray()->emplace_back(pattern);
+    return true;
+}
+
+void orv_FilterSettings::removeExcludeFilter(const std::string& pattern) {
+    quelm::Value* const value = settings.find(excludePatterns);
+    quelm::Array* const array = value ? value->asArray() : nullptr;
+    if (array) std::erase(*array, quelm::Value(pattern));
+}
+
+std::int64_t orv_FilterSettings::maxFileSize() const {
+    return valueOf(settings, largestFile);
+}
+
+void orv_FilterSettings::setMaxFileSize(std::int64_t megabytes) {
+    SetLongProperty(settings, largestFile.key, megabytes);
+}
+
+std::int64_t orv_FilterSettings::minFileSize() const {
+    return valueOf(settings, smallestFile);
+}
+
+void orv_FilterSettings::setMinFileSize(std::int64_t megabytes) {
+    SetLongProperty(settings, smallestFile.key, megabytes);
+}
+
+bool orv_FilterSettings::fileSizeFiltering() const {
+    return valueOf(settings, sizeFiltering);
+}
+
+void orv_FilterSettings::setFileSizeFiltering(bool value) {
+    SetBoolProperty(settings, sizeFiltering.key, value);
+}
+
+orv_FilterList orv_FilterSettings::includeFilterList() const {
+    orv_FilterList list(true);
+    if (includeAllFiles()) return list;
+    for (const FilterCategory& category : FilterCategories()) {
+        if (predefIncludeFilterValue(std::string(category.name))) {
+            list.addFilters(category.type, category.patterns);
+        }
+    }
+    addAll(list, includeFilters(), FILTER_INCLUDED);
+    return list;
+}
+
+orv_FilterList orv_FilterSettings::excludeFilterList() const {
+    orv_FilterList list(false);
+    addAll(list, excludeFilters(), FILTER_EXCLUDED);
+    addAll(list, excludeFileTypes(), FILTER_EXCLUDED);
+    return list;
+}
+
+FolderPatterns orv_FilterSettings::excludedFolderPatterns() {
+    return FolderPatterns(ReadExcludedFolders(GetConfigurationPath(exceptionsFileName)));
+}
+
+std::vector<std::string> orv_FilterSettings::excludeFileTypes() {
+    return ReadExcludedFileTypes(GetConfigurationPath(exceptionsFileName));
+}
+
+}  // namespace orv
