@@ -14,5 +14,10 @@ ExitCode NotifySettings(const Arguments& arguments, Console& console);
 ExitCode NotifyStatus(const Arguments& arguments, Console& console);
 ExitCode NotifyReport(const Arguments& arguments, Console& console);
 ExitCode ClassifyPath(const Arguments& arguments, Console& console);
+ExitCode ListSettings(const Arguments& arguments, Console& console);
+ExitCode GetSetting(const Arguments& arguments, Console& console);
+ExitCode SetSetting(const Arguments& arguments, Console& console);
+ExitCode ShowFolderRoots(const Arguments& arguments, Console& console);
+ExitCode ShowFolderRows(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli
