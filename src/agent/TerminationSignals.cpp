@@ -28,6 +28,8 @@ TerminationSignals::TerminationSignals(std::function<void()> requested) {
 }
 
 TerminationSignals::~TerminationSignals() {
+    // it is blocked and only ends the thread's wait
+    // NOLINTNEXTLINE(bugprone-bad-signal-to-kill-thread)
     pthread_kill(thread_.native_handle(), SIGTERM);
     thread_.join();
 }

@@ -60,10 +60,10 @@ struct Console {
 /// One command: the words that name it, what follows them and what it does.
 struct Command {
     std::string_view name;
-    std::string_view parameters;
+    std::string_view parameters = {};
     quelm::LocalizedText summary;
-    std::size_t minimumArguments;
-    std::size_t maximumArguments;
+    std::size_t minimumArguments = 0;
+    std::size_t maximumArguments = 0;
     ExitCode (*run)(const Arguments& arguments, Console& console);
     /// Its own options, each with a value, "--name --count".
     std::string_view options = {};

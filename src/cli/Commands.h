@@ -6,13 +6,18 @@ namespace orv::cli {
 
 ExitCode ShowConfigPath(const Arguments& arguments, Console& console);
 ExitCode ShowConfigFile(const Arguments& arguments, Console& console);
+ExitCode PrintEvents(const Arguments& arguments, Console& console);
+ExitCode ShowFolderRoots(const Arguments& arguments, Console& console);
+ExitCode ShowFolderRows(const Arguments& arguments, Console& console);
 ExitCode ShowHardwareId(const Arguments& arguments, Console& console);
 ExitCode CheckKeychain(const Arguments& arguments, Console& console);
-ExitCode PrintEvents(const Arguments& arguments, Console& console);
-ExitCode SendEvent(const Arguments& arguments, Console& console);
+ExitCode NotifyReport(const Arguments& arguments, Console& console);
 ExitCode NotifySettings(const Arguments& arguments, Console& console);
 ExitCode NotifyStatus(const Arguments& arguments, Console& console);
-ExitCode NotifyReport(const Arguments& arguments, Console& console);
 ExitCode ClassifyPath(const Arguments& arguments, Console& console);
+ExitCode SendEvent(const Arguments& arguments, Console& console);
+ExitCode GetSetting(const Arguments& arguments, Console& console);
+ExitCode ListSettings(const Arguments& arguments, Console& console);
+ExitCode SetSetting(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli

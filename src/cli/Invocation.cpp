@@ -18,6 +18,11 @@ constexpr std::array flags = {Flag{"--json", &Invocation::json}, Flag{"--help", 
                               Flag{"-h", &Invocation::help},
                               Flag{"--version", &Invocation::version}};
 
+/// "-" alone and a negative number are words.
+bool isOption(const std::string& word) {
+    return word.size() > 1 && word[0] == '-' && !(word[1] >= '0' && word[1] <= '9');
+}
+
 bool takesValue(const std::string& option) {
     const auto has = [&option](const Command& command) {
         const auto own = SplitWords(command.options);
@@ -62,7 +67,7 @@ std::optional<std::string> ParseInvocation(const std::vector<std::string>& words
             invocation.words.insert(invocation.words.end(), word + 1, words.end());
             break;
         }
-        if (!word->starts_with("-") || word->size() == 1) {
+        if (!isOption(*word)) {
             invocation.words.push_back(*word);
             continue;
         }

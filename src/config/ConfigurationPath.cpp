@@ -9,6 +9,7 @@
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "foundation/files/Filenames.h"
 #include "foundation/files/Folders.h"
 #include "foundation/paths/Paths.h"
 #include "foundation/system/Log.h"
@@ -24,12 +25,6 @@ std::string ConfigBasePath;
 bool exists(const std::string& path) {
     struct stat info = {};
     return stat(path.c_str(), &info) == 0;
-}
-
-/// A label names a folder among the accounts' folders, so it must not lead out of them.
-bool isFolderName(const std::string& label) {
-    return !label.empty() && label != "." && label != ".." &&
-           label.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
 }
 
 void seedAccountFolder(const quelm::Array& accounts, std::size_t row, const std::string& label,
@@ -59,7 +54,8 @@ std::optional<std::string> activeAccountFolder() {
     if (row == accounts->size()) return std::nullopt;
     const auto label = GetStringPropertyForRowInArray(*accounts, row, "label_of_config");
     if (label == "Default") return std::nullopt;
-    if (!label || !isFolderName(*label)) {
+    // it names a folder among the accounts' folders and must not lead out of them
+    if (!label || !quelm::IsPlainFilename(*label)) {
         quelm::LogWarning(
             fmt::format("the active account's label \"{}\" names no folder; the "
                         "default configuration is used",

@@ -29,6 +29,12 @@ inline constexpr auto passwordReaders = std::to_array<std::string_view>(
 inline constexpr auto serverPasswordReaders =
     std::to_array<std::string_view>({"/System/Library/CoreServices/NetAuthAgent.app"});
 
+/// Holds the user's flags that belong to no account.
+inline constexpr std::string_view preferences = "~/Library/Preferences/";
+
+/// The folder of projects unless the record of an account names another.
+inline constexpr std::string_view projects = "~/Quelm Projects";
+
 /// What can be made anew, and the locks of running agents.
 inline constexpr std::string_view cache = "~/Library/Caches/com.corvanta.orv";
 
@@ -38,5 +44,7 @@ namespace orv::files {
 
 inline constexpr const char* userInfo = "user_info.plist";
 inline constexpr const char* serverInfo = "server_info.plist";
+inline constexpr const char* storageInfo = "storage_info.plist";
+inline constexpr const char* shareInfo = "share_info.plist";
 
 }  // namespace orv::files

@@ -70,17 +70,26 @@ bool StoreArrayToFile(const std::string& path, const Value& properties) {
     return StorePropertiesToFile(path, properties);
 }
 
-bool ChangePropertiesInFile(const std::string& path, const quelm::Dictionary& changes) {
+FileEdit EditPropertiesInFile(const std::string& path,
+                              const std::function<bool(quelm::Dictionary&)>& edit) {
     LockedFile file(path);
-    if (!file) return false;
+    if (!file) return FileEdit::CannotOpen;
     auto properties = ReadPropertiesFile(file);
     const bool isSound = properties && properties->asDictionary() != nullptr;
-    if (!mayOverwrite(file, path, isSound)) return false;
-
     if (!isSound) properties = CreateEmptyProperties();
-    for (const auto& [key, value] : changes)
-        properties->asDictionary()->set(key, value);
-    return WritePropertiesFile(file, path, *properties);
+    if (!edit(*properties->asDictionary())) return FileEdit::Done;
+    const bool written =
+        mayOverwrite(file, path, isSound) && WritePropertiesFile(file, path, *properties);
+    return written ? FileEdit::Done : FileEdit::CannotWrite;
+}
+
+bool ChangePropertiesInFile(const std::string& path, const quelm::Dictionary& changes) {
+    const auto merge = [&changes](quelm::Dictionary& properties) {
+        for (const auto& [key, value] : changes)
+            properties.set(key, value);
+        return true;
+    };
+    return EditPropertiesInFile(path, merge) == FileEdit::Done;
 }
 
 bool LoadDataFromFile(const std::string& path, std::string& data) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -31,6 +32,12 @@ bool StoreArrayToFile(const std::string& path, const quelm::Value& properties);
 /// which leaves it as it was.
 [[nodiscard]] bool ChangePropertiesInFile(const std::string& path,
                                           const quelm::Dictionary& changes);
+
+enum class FileEdit { CannotOpen, CannotWrite, Done };
+/// Lets `edit` change the file's dictionary and writes it back if that answers true, all under one
+/// lock. What holds no dictionary counts as an empty one.
+[[nodiscard]] FileEdit EditPropertiesInFile(const std::string& path,
+                                            const std::function<bool(quelm::Dictionary&)>& edit);
 
 /// Empties `data`, then takes the file's bytes; false when the file cannot be opened.
 [[nodiscard]] bool LoadDataFromFile(const std::string& path, std::string& data);

@@ -38,6 +38,11 @@ bool exists(const std::string& path) {
 
 }  // namespace
 
+bool IsPlainFilename(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+}
+
 std::string_view GetFilenameExtension(std::string_view name) {
     if (name.size() < 3) return {};
     for (std::size_t i = name.size(); i-- > 0;) {

@@ -13,6 +13,10 @@ namespace quelm {
 /// than three characters have none.
 [[nodiscard]] std::string_view GetFilenameExtension(std::string_view name);
 
+/// Whether the name names something in a folder and nothing outside it: not empty, ".", ".." and
+/// without "/" and NUL.
+[[nodiscard]] bool IsPlainFilename(std::string_view name);
+
 /// A unique path below /var/tmp; no file is made. Empty when none can be found.
 [[nodiscard]] std::string CreateTempFilename();
 

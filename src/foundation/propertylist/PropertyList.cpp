@@ -19,7 +19,7 @@ PropertyListResult ReadPropertyList(std::string_view bytes, const PropertyListLi
     return ReadXmlPropertyList(bytes, limits);
 }
 
-PropertyListResult ReadPropertyListFile(const std::string& path) {
+PropertyListResult ReadPropertyListFile(const std::string& path, FileLock lock) {
     const auto failure = [] {
         return PropertyListResult{std::nullopt, std::generic_category().message(errno)};
     };
@@ -27,7 +27,7 @@ PropertyListResult ReadPropertyListFile(const std::string& path) {
     struct stat info = {};
     if (!fd || fstat(fd.get(), &info) != 0) return failure();
     if (!S_ISREG(info.st_mode)) return {std::nullopt, "it is not a file"};
-    while (flock(fd.get(), LOCK_SH) != 0) {
+    while (lock == FileLock::Shared && flock(fd.get(), LOCK_SH) != 0) {
         if (errno != EINTR) return failure();
     }
     if (fstat(fd.get(), &info) != 0) return failure();

@@ -29,8 +29,15 @@ struct PropertyListResult {
 [[nodiscard]] PropertyListResult ReadPropertyList(std::string_view bytes,
                                                   const PropertyListLimits& limits = {});
 
-/// Reads a file without changing or making it, under a shared lock that is waited for.
-[[nodiscard]] PropertyListResult ReadPropertyListFile(const std::string& path);
+enum class FileLock {
+    /// A file that somebody is writing may be unparsable.
+    None,
+    /// Is waited for.
+    Shared,
+};
+/// Reads a file without changing or making it.
+[[nodiscard]] PropertyListResult ReadPropertyListFile(const std::string& path,
+                                                      FileLock lock = FileLock::Shared);
 
 /// The value as an XML property list in UTF-8 with sorted keys; the same value always gives the
 /// same bytes. None for what no reader would take back: strings that are not UTF-8 or hold control

@@ -2,11 +2,11 @@
 
 #include <array>
 #include <charconv>
-#include <fstream>
 #include <optional>
 #include <string_view>
 
 #include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/AssignmentFile.h"
 
 namespace quelm {
 
@@ -31,22 +31,11 @@ std::optional<Product> productFromPropertyList() {
     return Product{textOf(*keys, "ProductName"), textOf(*keys, "ProductVersion")};
 }
 
-std::string unquoted(std::string_view text) {
-    if (text.size() >= 2 && (text.front() == '"' || text.front() == '\'')) {
-        text = text.substr(1, text.size() - 2);
-    }
-    return std::string(text);
-}
-
 Product productFromOsRelease() {
-    Product product;
-    std::ifstream file("/etc/os-release");
-    for (std::string line; std::getline(file, line);) {
-        const std::string_view text = line;
-        if (text.starts_with("NAME=")) product.name = unquoted(text.substr(5));
-        if (text.starts_with("VERSION_ID=")) product.version = unquoted(text.substr(11));
-    }
-    return product;
+    const auto text = [](std::string_view name) {
+        return ReadAssignment("/etc/os-release", name).value_or("");
+    };
+    return {text("NAME"), text("VERSION_ID")};
 }
 
 std::optional<Product> readProduct() {
