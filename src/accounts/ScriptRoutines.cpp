@@ -28,7 +28,8 @@ void orv_ScriptParams::executeScriptWithPath(const std::string& path, const std:
                                              const quelm::Array& params) {
     auto call = std::make_unique<orv_ScriptParams>(path, routine, params);
     quelm::CDetachedThread thread(ExecuteApplescriptOnThread, call.get());
-    if (thread.Run() == 0) [[maybe_unused]] const auto* taken = call.release();
+    if (thread.Run() == 0) [[maybe_unused]]
+        const auto* taken = call.release();
 }
 
 void orv_ScriptParams::executeScriptWithParams(const orv_ScriptParams& call) {

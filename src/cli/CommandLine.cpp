@@ -7,6 +7,7 @@
 #include "cli/Invocation.h"
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
+#include "config/ProductVersion.h"
 
 namespace orv::cli {
 
@@ -14,8 +15,6 @@ namespace {
 
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
-
-constexpr std::string_view version = "7.2.33";
 
 void printHelp(std::ostream& out) {
     fmt::print(out, "{}\n\n{}\n",
@@ -99,7 +98,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out
     Invocation invocation;
     if (const auto error = ParseInvocation(words, invocation)) return usageError(err, *error);
     if (invocation.version) {
-        fmt::print(out, "orvctl {}\n", version);
+        fmt::print(out, "orvctl {}\n", product::version);
         return ExitCode::Done;
     }
     if (invocation.help || invocation.words.empty()) {

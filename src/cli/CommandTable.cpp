@@ -11,6 +11,12 @@ namespace {
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr std::array commands = {
+    Command{"branding text",
+            "STRING",
+            {"Cli.Summary.BrandingText", "print a text with the variables of the brand replaced"},
+            1,
+            1,
+            PrintBrandText},
     Command{
         "config path",
         "[FILE]",
@@ -73,6 +79,14 @@ constexpr std::array commands = {
             1,
             1,
             ClassifyPath},
+    Command{"printers",
+            "",
+            {"Cli.Summary.Printers",
+             "list the printers, which are chosen for the agent, and their "
+             "states"},
+            0,
+            0,
+            ShowPrinters},
     Command{"send",
             "EVENT [KEY=VALUE]... [--agent ID]",
             {"Cli.Summary.Send", "send an agent event"},
@@ -80,6 +94,12 @@ constexpr std::array commands = {
             anyNumber,
             SendEvent,
             "--agent"},
+    Command{"storage",
+            "",
+            {"Cli.Summary.Storage", "tell how much of each folder is backed up, and the quota"},
+            0,
+            0,
+            ShowStorage},
 };
 
 }  // namespace

@@ -14,5 +14,8 @@ ExitCode NotifySettings(const Arguments& arguments, Console& console);
 ExitCode NotifyStatus(const Arguments& arguments, Console& console);
 ExitCode NotifyReport(const Arguments& arguments, Console& console);
 ExitCode ClassifyPath(const Arguments& arguments, Console& console);
+ExitCode ShowStorage(const Arguments& arguments, Console& console);
+ExitCode ShowPrinters(const Arguments& arguments, Console& console);
+ExitCode PrintBrandText(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli

@@ -20,4 +20,12 @@ bool IsSameAccount(std::string_view id, std::string_view other) {
     return id == other || (IsDefaultAccountId(id) && IsDefaultAccountId(other));
 }
 
+std::string extractAgentID(std::string_view path) {
+    constexpr std::string_view mark = "account_";
+    const auto found = path.find(mark);
+    if (found == path.npos) return "1";
+    const std::string_view rest = path.substr(found + mark.size());
+    return std::string(rest.substr(0, rest.find('/')));
+}
+
 }  // namespace orv

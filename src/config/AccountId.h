@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace orv {
@@ -13,5 +14,9 @@ namespace orv {
 
 /// Whether both mean the same account.
 [[nodiscard]] bool IsSameAccount(std::string_view id, std::string_view other);
+
+/// The id that a path names: what follows "account_" in the first component that contains it, "1"
+/// where none does.
+[[nodiscard]] std::string extractAgentID(std::string_view path);
 
 }  // namespace orv

@@ -35,9 +35,10 @@ Deployment ReadDeployment(const std::string& path) {
 }
 
 const Deployment& CurrentDeployment() {
-    static const Deployment deployment = ReadDeployment(
-        (quelm::getBundle() ? quelm::getBundle()->resourcesFolder() : quelm::FindResourcesFolder()) +
-        "/deployment.plist");
+    static const Deployment deployment =
+        ReadDeployment((quelm::getBundle() ? quelm::getBundle()->resourcesFolder()
+                                           : quelm::FindResourcesFolder()) +
+                       "/deployment.plist");
     return deployment;
 }
 

@@ -29,6 +29,10 @@ inline constexpr auto passwordReaders = std::to_array<std::string_view>(
 inline constexpr auto serverPasswordReaders =
     std::to_array<std::string_view>({"/System/Library/CoreServices/NetAuthAgent.app"});
 
+/// Each holds one folder a mounted volume; "*" is any one name, the user's.
+inline constexpr auto volumeFolders =
+    std::to_array<std::string_view>({"/Volumes", "/media/*", "/run/media/*"});
+
 /// What can be made anew, and the locks of running agents.
 inline constexpr std::string_view cache = "~/Library/Caches/com.corvanta.orv";
 
@@ -38,5 +42,10 @@ namespace orv::files {
 
 inline constexpr const char* userInfo = "user_info.plist";
 inline constexpr const char* serverInfo = "server_info.plist";
+inline constexpr const char* branding = "branding.plist";
+inline constexpr const char* printerInfo = "printer_info.plist";
+inline constexpr const char* fingerPrints = "finger_prints.plist";
+inline constexpr const char* storageFolders = "storage_folders.xml";
+inline constexpr const char* storageQuota = "storage_quota.xml";
 
 }  // namespace orv::files

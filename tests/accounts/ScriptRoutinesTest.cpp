@@ -1,10 +1,9 @@
-#include "accounts/ScriptRoutines.h"
-
 #include <gtest/gtest.h>
 #include <mutex>
 #include <string>
 #include <vector>
 
+#include "accounts/ScriptRoutines.h"
 #include "foundation/system/Log.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"

@@ -1,7 +1,6 @@
-#include "config/Deployment.h"
-
 #include <gtest/gtest.h>
 
+#include "config/Deployment.h"
 #include "config/PropertyFiles.h"
 #include "support/TemporaryFolder.h"
 
