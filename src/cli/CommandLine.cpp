@@ -8,6 +8,7 @@
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "platform/Services.h"
+#include "config/ProductVersion.h"
 
 namespace orv::cli {
 
@@ -15,8 +16,6 @@ namespace {
 
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
-
-constexpr std::string_view version = "7.2.33";
 
 void printHelp(std::ostream& out) {
     fmt::print(out, "{}\n\n{}\n",
@@ -101,7 +100,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out
     Invocation invocation;
     if (const auto error = ParseInvocation(words, invocation)) return usageError(err, *error);
     if (invocation.version) {
-        fmt::print(out, "orvctl {}\n", version);
+        fmt::print(out, "orvctl {}\n", product::version);
         return ExitCode::Done;
     }
     if (invocation.help || invocation.words.empty()) {

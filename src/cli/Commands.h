@@ -4,9 +4,16 @@
 
 namespace orv::cli {
 
+ExitCode ListAccounts(const Arguments& arguments, Console& console);
+ExitCode PrintBrandText(const Arguments& arguments, Console& console);
 ExitCode ShowConfigPath(const Arguments& arguments, Console& console);
 ExitCode ShowConfigFile(const Arguments& arguments, Console& console);
 ExitCode PrintEvents(const Arguments& arguments, Console& console);
+ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console);
+ExitCode AddExcludeFilter(const Arguments& arguments, Console& console);
+ExitCode RemoveExcludeFilter(const Arguments& arguments, Console& console);
+ExitCode MatchFilters(const Arguments& arguments, Console& console);
+ExitCode ShowFilters(const Arguments& arguments, Console& console);
 ExitCode ShowFolderRoots(const Arguments& arguments, Console& console);
 ExitCode ShowFolderRows(const Arguments& arguments, Console& console);
 ExitCode ShowHardwareId(const Arguments& arguments, Console& console);
@@ -15,9 +22,11 @@ ExitCode NotifyReport(const Arguments& arguments, Console& console);
 ExitCode NotifySettings(const Arguments& arguments, Console& console);
 ExitCode NotifyStatus(const Arguments& arguments, Console& console);
 ExitCode ClassifyPath(const Arguments& arguments, Console& console);
+ExitCode ShowPrinters(const Arguments& arguments, Console& console);
 ExitCode SendEvent(const Arguments& arguments, Console& console);
 ExitCode GetSetting(const Arguments& arguments, Console& console);
 ExitCode ListSettings(const Arguments& arguments, Console& console);
 ExitCode SetSetting(const Arguments& arguments, Console& console);
+ExitCode ShowStorage(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli

@@ -35,6 +35,10 @@ inline constexpr std::string_view preferences = "~/Library/Preferences/";
 /// The folder of projects unless the record of an account names another.
 inline constexpr std::string_view projects = "~/Quelm Projects";
 
+/// Each holds one folder a mounted volume; "*" is any one name, the user's.
+inline constexpr auto volumeFolders =
+    std::to_array<std::string_view>({"/Volumes", "/media/*", "/run/media/*"});
+
 /// What can be made anew, and the locks of running agents.
 inline constexpr std::string_view cache = "~/Library/Caches/com.corvanta.orv";
 
@@ -46,5 +50,10 @@ inline constexpr const char* userInfo = "user_info.plist";
 inline constexpr const char* serverInfo = "server_info.plist";
 inline constexpr const char* storageInfo = "storage_info.plist";
 inline constexpr const char* shareInfo = "share_info.plist";
+inline constexpr const char* branding = "branding.plist";
+inline constexpr const char* printerInfo = "printer_info.plist";
+inline constexpr const char* fingerPrints = "finger_prints.plist";
+inline constexpr const char* storageFolders = "storage_folders.xml";
+inline constexpr const char* storageQuota = "storage_quota.xml";
 
 }  // namespace orv::files

@@ -9,6 +9,7 @@
 #include "platform/DeviceRegistry.h"
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/Keychain.h"
+#include "platform/Printers.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
 #include "platform/Workspace.h"
@@ -26,6 +27,7 @@ struct Services {
     std::unique_ptr<AccessLists> accessLists;
     std::unique_ptr<Keychain> keychain;
     std::unique_ptr<Authorization> authorization;
+    std::unique_ptr<Printers> printers;
 };
 
 /// The process's services, for plain functions that have no place for a port; classes take the

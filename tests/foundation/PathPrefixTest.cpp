@@ -30,6 +30,19 @@ TEST(PathPrefix, CaseIsThatOfUnicodeAndIsIgnoredOnlyWhereAskedTo) {
     expectStart(false, false, {{"/\xFC", "/\xDC"}, {"/\xC3\xBC", "/\xC3"}, {"/\xFF", "/\u00FF"}});
 }
 
+TEST(PathPrefix, TheSamePathMayDifferInCaseAlone) {
+    for (const auto& [left, right] :
+         Pairs{{"", ""}, {"/A/b", "/a/B"}, {"/\u212Aelvin/x", "/kelvin/X"}, {"/Übung", "/übung"}}) {
+        EXPECT_TRUE(orv::IsSamePath(left, right)) << left << " : " << right;
+        EXPECT_TRUE(orv::IsSamePath(right, left)) << left << " : " << right;
+    }
+    for (const auto& [left, right] :
+         Pairs{{"", "/"}, {"/a", "/a/b"}, {"/b", "/a/b"}, {"/[", "/{"}, {"/\xFFx", "/\xFEx"}}) {
+        EXPECT_FALSE(orv::IsSamePath(left, right)) << left << " : " << right;
+        EXPECT_FALSE(orv::IsSamePath(right, left)) << left << " : " << right;
+    }
+}
+
 TEST(PathPrefix, AFolderHoldsOnlyItsDirectChildren) {
     EXPECT_TRUE(quelm::IsInFolder("/a/b", "/a/"));
     for (const auto* path : {"/a", "/a/", "/a/b/", "/a/b/c", "/A/b"})

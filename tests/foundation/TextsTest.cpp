@@ -65,6 +65,27 @@ TEST(Paths, ATildeIsTheHomeFolder) {
     EXPECT_EQ(quelm::ExpandTildeInPath("~/x"), "/x");
 }
 
+TEST(Paths, ThePlainFormHasNoEmptyPartsAndNoDots) {
+    const ScopedEnvironment home("HOME", "/home/amy/");
+    const std::vector<std::pair<std::string_view, std::string_view>> cases = {
+        {"", ""},
+        {"/", "/"},
+        {"///", "/"},
+        {"/./", "/"},
+        {".", "."},
+        {"./", "."},
+        {"/a//b/./c/", "/a/b/c"},
+        {"./a/", "a"},
+        {"a//b", "a/b"},
+        {"/a/../b", "/a/../b"},
+        {"/.a/b./...", "/.a/b./..."},
+        {"~/x/", "/home/amy/x"},
+        {"~", "/home/amy"},
+        {"/~", "/~"}};
+    for (const auto& [path, plain] : cases)
+        EXPECT_EQ(quelm::StandardizePath(path), plain) << path;
+}
+
 TEST(Paths, WhatCannotBeResolvedStays) {
     const test_support::TemporaryFolder folder;
     folder.makeFolder("a");

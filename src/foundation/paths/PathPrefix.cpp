@@ -66,4 +66,17 @@ bool StartsWithPath(std::string_view path, std::string_view prefix) {
     return rest.empty() || prefix == "/" || rest[0] == '/';
 }
 
+bool IsSamePath(std::string_view left, std::string_view right) {
+    // from the end first: paths of one tree begin alike
+    while (!left.empty() && !right.empty() && isAscii(left.back()) && isAscii(right.back())) {
+        if (asciiLower(left.back()) != asciiLower(right.back())) return false;
+        left.remove_suffix(1);
+        right.remove_suffix(1);
+    }
+    while (!left.empty() && !right.empty()) {
+        if (!takeSame(left, right)) return false;
+    }
+    return left.empty() && right.empty();
+}
+
 }  // namespace orv

@@ -19,4 +19,7 @@ namespace orv {
 /// of Unicode, character by character; bytes that are not UTF-8 equal only themselves.
 [[nodiscard]] bool StartsWithPath(std::string_view path, std::string_view prefix);
 
+/// Whether both are the same path without regard to case, as above.
+[[nodiscard]] bool IsSamePath(std::string_view left, std::string_view right);
+
 }  // namespace orv

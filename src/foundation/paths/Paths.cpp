@@ -1,5 +1,6 @@
 #include "foundation/paths/Paths.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -31,6 +32,21 @@ std::string_view RemoveLastSlashFromPath(std::string_view path) {
     while (path.size() > 1 && path.ends_with('/'))
         path.remove_suffix(1);
     return path;
+}
+
+std::string StandardizePath(std::string_view path) {
+    const std::string expanded = ExpandTildeInPath(path);
+    std::string_view rest = expanded;
+    std::string plain;
+    while (!rest.empty()) {
+        const std::string_view component = rest.substr(0, rest.find('/'));
+        rest.remove_prefix(std::min(component.size() + 1, rest.size()));
+        if (component.empty() || component == ".") continue;
+        if (!plain.empty() || expanded.starts_with('/')) plain += '/';
+        plain += component;
+    }
+    if (!plain.empty() || expanded.empty()) return plain;
+    return expanded.starts_with('/') ? "/" : ".";
 }
 
 }  // namespace quelm

@@ -21,4 +21,8 @@ namespace quelm {
 /// The path without "/" at its end; the root stays "/".
 [[nodiscard]] std::string_view RemoveLastSlashFromPath(std::string_view path);
 
+/// The same path in its plain form: a leading "~" expanded, without empty and "." components and
+/// without "/" at its end. ".." and links stay.
+[[nodiscard]] std::string StandardizePath(std::string_view path);
+
 }  // namespace quelm

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/files/WholeFile.h"
 #include "platform/Value.h"
 
 namespace quelm {
@@ -29,12 +30,6 @@ struct PropertyListResult {
 [[nodiscard]] PropertyListResult ReadPropertyList(std::string_view bytes,
                                                   const PropertyListLimits& limits = {});
 
-enum class FileLock {
-    /// A file that somebody is writing may be unparsable.
-    None,
-    /// Is waited for.
-    Shared,
-};
 /// Reads a file without changing or making it.
 [[nodiscard]] PropertyListResult ReadPropertyListFile(const std::string& path,
                                                       FileLock lock = FileLock::Shared);

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxServices.h"
 
+#include "platform/linux/CupsPrinters.h"
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/MountInfoVolumes.h"
 #include "platform/linux/PolkitAuthorization.h"
@@ -21,7 +22,8 @@ Services MakeLinuxServices(const Reporter& reporter) {
             .workspace = std::make_unique<DesktopWorkspace>(reporter),
             .accessLists = std::make_unique<PosixAccessLists>(),
             .keychain = std::make_unique<SecretServiceKeychain>(reporter),
-            .authorization = std::make_unique<PolkitAuthorization>(reporter)};
+            .authorization = std::make_unique<PolkitAuthorization>(reporter),
+            .printers = std::make_unique<CupsPrinters>(reporter)};
 }
 
 void AddEventServices(Services& services, const Reporter& reporter) {

@@ -1,0 +1,226 @@
+#include "accounts/AccountList.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <random>
+#include <set>
+
+#include "config/AccountId.h"
+#include "config/ConfigurationPath.h"
+#include "config/Locations.h"
+
+namespace orv {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view accountPrefix = "account_";
+constexpr int mostAccounts = 10'000;
+
+bool isFolder(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+/// As a number is read from the beginning of a text; 0 without one.
+int numberOf(const std::string& agentId) {
+    int number = 0;
+    std::from_chars(agentId.data(), agentId.data() + agentId.size(), number);
+    return number;
+}
+
+/// The folders of further accounts, directly in the configuration folder.
+std::vector<std::string> accountFoldersIn(const std::string& folder) {
+    std::vector<std::string> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (name.starts_with(accountPrefix) && isFolder(entry->path().string())) {
+            found.push_back(folder + "/" + name);
+        }
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+}  // namespace
+
+AccountList& AccountList::defaultAccountList() {
+    return defaultAccountListWithPassword(true);
+}
+
+AccountList& AccountList::defaultAccountListWithPassword(bool loadPassword) {
+    static AccountList list(loadPassword);
+    return list;
+}
+
+AccountList::AccountList(bool loadPassword) : _loadPassword(loadPassword) {
+    registerAgentEvents();
+    load();
+}
+
+AccountList::~AccountList() {
+    RemoveAgentObserver(settingsObserver_);
+}
+
+void AccountList::registerAgentEvents() {
+    RegisterAgentSettingsObserver(settingsObserver_, this, &ForwardAgentSettingsEvent<AccountList>);
+}
+
+void AccountList::addClient(const std::shared_ptr<Client>& client) {
+    _clients.push_back(client);
+}
+
+void AccountList::removeClient(const Client* client) {
+    compactClients();
+    std::erase_if(_clients, [client](const auto& held) { return held.lock().get() == client; });
+}
+
+void AccountList::compactClients() {
+    std::erase_if(_clients, [](const auto& held) { return held.expired(); });
+}
+
+void AccountList::load() {
+    processPath(defaultConfigPath());
+    for (const std::string& folder : accountFoldersIn(defaultConfigPath()))
+        processPath(folder);
+}
+
+void AccountList::processPath(const std::string& folder) {
+    const bool known =
+        std::any_of(_accountsList.begin(), _accountsList.end(),
+                    [&](const auto& account) { return account->accountFolderPath() == folder; });
+    if (known) return;
+    _accountsList.push_back(std::make_unique<Account>(folder, isFolder(folder)));
+    orderByAgentID();
+}
+
+void AccountList::orderByAgentID() {
+    std::stable_sort(_accountsList.begin(), _accountsList.end(),
+                     [](const auto& a, const auto& b) { return a->agentID() < b->agentID(); });
+}
+
+/// An id that cannot name a folder of its own is passed on, and no account is made for it.
+void AccountList::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId) {
+    const bool isDefault = !agentId || *agentId == "1";
+    if (Account* account = accountForAgentID(isDefault ? "1" : *agentId)) {
+        account->loadSettings();
+    } else if (isDefault || IsAccountId(*agentId)) {
+        processPath(isDefault ? defaultConfigPath() : pathForAgentID(*agentId));
+    }
+    notifyAgentSettingsChanged(hint, agentId);
+}
+
+void AccountList::notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId) {
+    compactClients();
+    for (const auto& held : std::vector(_clients)) {
+        if (const auto client = held.lock()) client->notifyAgentSettings(hint, agentId);
+    }
+}
+
+Account* AccountList::accountForAgentID(std::string_view agentId) const {
+    const auto found =
+        std::find_if(_accountsList.begin(), _accountsList.end(),
+                     [agentId](const auto& account) { return account->agentID() == agentId; });
+    return found == _accountsList.end() ? nullptr : found->get();
+}
+
+Account* AccountList::accountForPath(const std::string& path) const {
+    return accountForAgentID(extractAgentID(path));
+}
+
+Account* AccountList::accountForUserID(std::string_view userId) const {
+    const auto found = std::find_if(
+        _accountsList.begin(), _accountsList.end(),
+        [userId](const auto& account) { return account->agentSettings().userId() == userId; });
+    return found == _accountsList.end() ? nullptr : found->get();
+}
+
+Account* AccountList::accountAtIndex(std::size_t index) const {
+    return index < _accountsList.size() ? _accountsList[index].get() : nullptr;
+}
+
+std::optional<std::string> AccountList::teamForAgentID(std::string_view agentId) const {
+    const Account* account = accountForAgentID(agentId);
+    return account ? account->agentSettings().teamName() : std::nullopt;
+}
+
+std::string AccountList::defaultConfigPath() {
+    return GetConfigurationNsPath(std::nullopt);
+}
+
+std::string AccountList::defaultConfigFilename() {
+    return GetConfigurationNsPath(files::userInfo);
+}
+
+std::string AccountList::pathForAgentID(std::string_view agentId) {
+    return defaultConfigPath() + "/" + std::string(accountPrefix) + std::string(agentId);
+}
+
+orvAgentSettings& AccountList::defaultConfig() {
+    return _accountsList.empty() ? defaults_ : _accountsList.front()->agentSettings();
+}
+
+std::string AccountList::createNewAccountPath() const {
+    std::set<int> taken;
+    for (const auto& account : _accountsList)
+        taken.insert(numberOf(account->agentID()));
+    std::random_device device;
+    std::uniform_int_distribution<int> draw(0, mostAccounts - 1);
+    int number = draw(device);
+    for (int tried = 0; taken.contains(number) && tried < mostAccounts; ++tried)
+        number = (number + 1) % mostAccounts;  // ends soon also when most are taken
+    return pathForAgentID(std::to_string(number));
+}
+
+std::unique_ptr<Account> AccountList::newAccount() const {
+    return std::make_unique<Account>(createNewAccountPath(), false);
+}
+
+bool AccountList::needSetup() const {
+    return std::all_of(_accountsList.begin(), _accountsList.end(),
+                       [](const auto& account) { return account->needSetup(); });
+}
+
+bool AccountList::anyAccount(bool (orvAgentSettings::*answer)() const) const {
+    return std::any_of(_accountsList.begin(), _accountsList.end(), [answer](const auto& account) {
+        return (account->agentSettings().*answer)();
+    });
+}
+
+bool AccountList::syncEnabled() const {
+    return anyAccount(&orvAgentSettings::syncEnabled);
+}
+bool AccountList::backupEnabled() const {
+    return anyAccount(&orvAgentSettings::backupEnabled);
+}
+bool AccountList::debugTabEnabled() const {
+    return anyAccount(&orvAgentSettings::debugTabEnabled);
+}
+
+bool AccountList::hasBackupPaths() const {
+    if (_accountsList.empty()) return false;
+    const auto roots = _accountsList.front()->storageSettings().topLevelPaths().size();
+    return static_cast<std::uint8_t>(roots) != 0;
+}
+
+std::int64_t AccountList::runningMinimum(std::int64_t (orvAgentSettings::*value)() const) const {
+    std::int64_t minimum = 0;
+    for (const auto& account : _accountsList) {
+        const std::int64_t next = (account->agentSettings().*value)();
+        if (minimum == 0 || next <= minimum) minimum = next;
+    }
+    return minimum;
+}
+
+std::int64_t AccountList::minMbBackupWindowTresholdSetting() const {
+    return runningMinimum(&orvAgentSettings::minMbBackupWindowTresholdSetting);
+}
+std::int64_t AccountList::minFilesBackupWindowTresholdSetting() const {
+    return runningMinimum(&orvAgentSettings::minFilesBackupWindowTresholdSetting);
+}
+
+}  // namespace orv

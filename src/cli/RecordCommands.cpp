@@ -1,0 +1,144 @@
+#include <filesystem>
+#include <fmt/format.h>
+#include <fmt/ostream.h>
+#include <ostream>
+
+#include "accounts/FolderStatusText.h"
+#include "accounts/PrintersSettings.h"
+#include "accounts/StorageFoldersInfo.h"
+#include "accounts/StorageQuotaInfo.h"
+#include "cli/Commands.h"
+#include "cli/ValueText.h"
+#include "config/ConfigurationPath.h"
+#include "config/Locations.h"
+#include "foundation/system/LocalizedString.h"
+#include "platform/Services.h"
+#include "support/VarBranding.h"
+#include "widgets/OfflineVolume.h"
+#include "widgets/SizeText.h"
+
+namespace orv::cli {
+
+namespace {
+
+using quelm::Dictionary;
+using quelm::FormatLocalizedString;
+using quelm::GetLocalizedString;
+
+bool exists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+}
+
+std::string statusOf(const orv_StorageFolderStatus& folder) {
+    return FolderStatusText({.exists = exists(folder.path()),
+                             .offline = IsPathOffline(folder.path()),
+                             .record = &folder});
+}
+
+quelm::Value foldersValue(const orv_StorageFoldersInfo& info) {
+    quelm::Array folders;
+    for (const auto& folder : info.list()) {
+        folders.emplace_back(Dictionary{{"path", folder.path()},
+                                        {"total", folder.total()},
+                                        {"stored", folder.stored()},
+                                        {"status", statusOf(folder)}});
+    }
+    return folders;
+}
+
+/// Without information the quota is 0.
+quelm::Value quotaValue(const orv_StorageQuotaInfo& info) {
+    return Dictionary{{"quota", info.quota()},
+                      {"unlimited", info.unlimitedQuota()},
+                      {"totalThisComputer", info.totalThisComputer()},
+                      {"storedThisComputer", info.storedThisComputer()},
+                      {"totalOtherComputers", info.totalOtherComputers()},
+                      {"storedOtherComputers", info.storedOtherComputers()}};
+}
+
+std::string quotaText(const orv_StorageQuotaInfo& info) {
+    if (!info.haveQuota()) return GetLocalizedString("Storage.NoQuota", "Quota: not known");
+    if (info.unlimitedQuota()) return GetLocalizedString("Storage.Unlimited", "Quota: unlimited");
+    return FormatLocalizedString(
+        "Storage.Quota", "Quota: %@, this computer %@, other computers %@",
+        {orv::FileSizeString(info.quota()), orv::FileSizeString(info.totalThisComputer()),
+         orv::FileSizeString(info.totalOtherComputers())});
+}
+
+void printStorage(std::ostream& out, const orv_StorageFoldersInfo& folders,
+                  const orv_StorageQuotaInfo& quota) {
+    for (const auto& folder : folders.list())
+        fmt::print(out, "{}: {}\n", folder.path(), statusOf(folder));
+    fmt::print(out, "{}\n{}\n",
+               FormatLocalizedString("Storage.Sum", "Stored: %@ of %@",
+                                     {orv::FileSizeString(folders.stored()),
+                                      orv::FileSizeString(folders.total())}),
+               quotaText(quota));
+}
+
+/// False, with a message, for a file that is there and cannot be read.
+template <class Info>
+bool loadIfPresent(Info& info, const char* name, Console& console) {
+    const std::string path = GetConfigurationPath(name);
+    if (!exists(path) || info.loadAtPath(path)) return true;
+    fmt::print(console.err, "orvctl: {}\n",
+               FormatLocalizedString("Storage.Unreadable",
+                                     "%@ cannot be read. The agent writes it anew when it reports "
+                                     "its state: see orvctl notify report.",
+                                     {path}));
+    return false;
+}
+
+quelm::Value printerValue(const orv_PrintersSettings& printers, std::size_t index) {
+    return Dictionary{{"id", printers.printersIdAtIndex(index)},
+                      {"name", printers.printersNameAtIndex(index)},
+                      {"checked", printers.userCheckAtIndex(index)},
+                      {"status", printers.printersStatusAtIndex(index)}};
+}
+
+}  // namespace
+
+ExitCode ShowStorage(const Arguments&, Console& console) {
+    const std::string folder = GetConfigurationPath();
+    orv_StorageFoldersInfo folders(folder);
+    orv_StorageQuotaInfo quota(folder);
+    if (!loadIfPresent(folders, files::storageFolders, console) ||
+        !loadIfPresent(quota, files::storageQuota, console)) {
+        return ExitCode::Failed;
+    }
+    if (console.json) {
+        fmt::print(console.out, "{}\n",
+                   ValueAsJson(Dictionary{{"folders", foldersValue(folders)},
+                                          {"quota", quotaValue(quota)}}));
+    } else {
+        printStorage(console.out, folders, quota);
+    }
+    return ExitCode::Done;
+}
+
+ExitCode ShowPrinters(const Arguments&, Console& console) {
+    orv_PrintersSettings printers(platform::ProcessServices().printers.get(), nullptr);
+    printers.createListOfPrinters(true);
+    quelm::Array rows;
+    for (std::size_t i = 0; i < printers.count(); ++i)
+        rows.push_back(printerValue(printers, i));
+    if (console.json) {
+        fmt::print(console.out, "{}\n", ValueAsJson(rows));
+        return ExitCode::Done;
+    }
+    for (std::size_t i = 0; i < printers.count(); ++i) {
+        fmt::print(console.out, "[{}] {} ({}): {}\n", printers.userCheckAtIndex(i) ? "x" : " ",
+                   printers.printersNameAtIndex(i), printers.printersIdAtIndex(i),
+                   printers.printersStatusAtIndex(i));
+    }
+    return ExitCode::Done;
+}
+
+ExitCode PrintBrandText(const Arguments& arguments, Console& console) {
+    const std::string text = BrandText(arguments[0]);
+    fmt::print(console.out, "{}\n", console.json ? ValueAsJson(text) : text);
+    return ExitCode::Done;
+}
+
+}  // namespace orv::cli

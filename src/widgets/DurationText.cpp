@@ -1,0 +1,46 @@
+#include "widgets/DurationText.h"
+
+#include <array>
+#include <fmt/format.h>
+
+#include "foundation/system/LocalizedString.h"
+
+namespace orv {
+
+namespace {
+
+struct Unit {
+    int DateComponents::*count;
+    /// Units of a coarser group hide those of the finer ones.
+    int group;
+    quelm::LocalizedText one;
+    quelm::LocalizedText several;
+};
+
+constexpr std::array units = {
+    Unit{&DateComponents::years, 0, {"DateComponents.year", "year"}, {"DateComponents.years", "years"}},
+    Unit{&DateComponents::months, 0, {"DateComponents.month", "month"}, {"DateComponents.months", "months"}},
+    Unit{&DateComponents::days, 0, {"DateComponents.day", "day"}, {"DateComponents.days", "days"}},
+    Unit{&DateComponents::hours, 1, {"DateComponents.hour", "hour"}, {"DateComponents.hours", "hours"}},
+    Unit{&DateComponents::minutes, 1, {"DateComponents.minute", "minute"}, {"DateComponents.minutes", "minutes"}},
+    Unit{&DateComponents::seconds, 2, {"DateComponents.second", "second"}, {"DateComponents.seconds", "seconds"}},
+};
+
+}  // namespace
+
+std::string durationString(const DateComponents& components) {
+    std::string text;
+    int shownGroup = 0;
+    for (const Unit& unit : units) {
+        const int count = components.*unit.count;
+        if (!text.empty() && unit.group != shownGroup) break;
+        if (count == 0) continue;
+        const auto& word = count < 2 ? unit.one : unit.several;
+        text += fmt::format("{}{} {}", text.empty() ? "" : " ", count,
+                            quelm::GetLocalizedString(word.key, word.defaultText));
+        shownGroup = unit.group;
+    }
+    return text;
+}
+
+}  // namespace orv

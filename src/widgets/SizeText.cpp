@@ -1,0 +1,37 @@
+#include "widgets/SizeText.h"
+
+#include <array>
+
+#include "foundation/system/LocalizedString.h"
+
+namespace orv {
+
+namespace {
+
+struct Unit {
+    std::int64_t bytes;
+    quelm::LocalizedText format;
+};
+
+constexpr std::int64_t kilobyte = 1024;
+// the largest first
+constexpr std::array units = {
+    Unit{kilobyte * kilobyte * kilobyte, {"FileSize.Gbytes", "%.1f GB"}},
+    Unit{kilobyte * kilobyte, {"FileSize.Mbytes", "%.1f MB"}},
+    Unit{kilobyte, {"FileSize.Kbytes", "%.1f KB"}},
+};
+
+}  // namespace
+
+std::string FileSizeString(std::int64_t bytes) {
+    if (bytes < 0) return "---";
+    for (const auto& [size, format] : units) {
+        if (bytes < size) continue;
+        return quelm::FormatLocalizedString(
+            format.key, format.defaultText,
+            {static_cast<double>(bytes) / static_cast<double>(size)});
+    }
+    return quelm::FormatLocalizedString("FileSize.Bytes", "%qd B", {bytes});
+}
+
+}  // namespace orv

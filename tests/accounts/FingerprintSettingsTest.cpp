@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include "accounts/FingerprintSettings.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "foundation/system/Log.h"
+#include "platform/Services.h"
+#include "support/FakeNotificationCenter.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using orv::orv_FingerprintSettings;
+using quelm::Array;
+using quelm::Dictionary;
+
+class FingerprintSettings : public testing::Test {
+ protected:
+    FingerprintSettings() {
+        auto center = std::make_unique<test_support::FakeNotificationCenter>();
+        center_ = center.get();
+        platform::ProcessServices().notifications = std::move(center);
+        quelm::SetLogSink([](std::string_view) {});
+    }
+    ~FingerprintSettings() override {
+        quelm::SetLogSink({});
+        platform::EndProcessServices();
+    }
+
+    test_support::TemporaryFolder folder_;
+    test_support::FakeNotificationCenter* center_;
+    const Array rows_ = {Dictionary{{"any", "key"}}, 3, "text"};
+};
+
+TEST_F(FingerprintSettings, ComeBackAsTheyWereStoredAndTheAccountsAgentIsTold) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"plain", "1"}, {"account_7", "7"}, {"my account_a/account_b", "a"}, {"account_", ""}};
+    for (const auto& [name, agent] : cases) {
+        const std::string folder = folder_.makeFolder(name);
+        orv_FingerprintSettings stored(folder);
+        stored.setFingerprintsArray(rows_);
+        EXPECT_TRUE(stored.store()) << name;
+        EXPECT_EQ(center_->posted().back().payload,
+                  (Dictionary{{"agent-id", agent}, {"hint", 2048}}));
+        orv_FingerprintSettings loaded(folder);
+        EXPECT_FALSE(loaded.isEqualToAgentSettings(stored));
+        EXPECT_TRUE(loaded.load());
+        EXPECT_TRUE(loaded.isEqualToAgentSettings(stored));
+        EXPECT_EQ(loaded.getFingerprintsArray(), rows_);
+    }
+}
+
+TEST_F(FingerprintSettings, KeepWhatTheyHaveWhenThereIsNothingToRead) {
+    orv_FingerprintSettings settings(folder_.path());
+    settings.setFingerprintsArray(rows_);
+    EXPECT_FALSE(settings.load());
+    for (const std::string& content :
+         {std::string("<plist>"), *quelm::WritePropertyList(Dictionary{{"a", 1}})}) {
+        folder_.makeFile("finger_prints.plist", content);
+        EXPECT_FALSE(settings.load());
+        EXPECT_EQ(settings.getFingerprintsArray(), rows_);
+    }
+    EXPECT_FALSE(settings.loadFromSpecificPath(folder_ / "no/such"));
+    EXPECT_FALSE(settings.storeToSpecificPath(folder_ / "no/such"));
+    orv_FingerprintSettings nowhere("");
+    EXPECT_FALSE(nowhere.load());
+    EXPECT_FALSE(nowhere.store());
+    EXPECT_TRUE(center_->posted().empty());
+}
+
+}  // namespace
