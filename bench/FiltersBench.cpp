@@ -20,9 +20,9 @@ orv_FilterList includes() {
     for (const auto& category : orv::FilterCategories())
         list.addFilters(category.type, category.patterns);
     for (const char* pattern :
-         {"*.cpp",     "*.h",       "*.py",     "*.md",       "*.json", "*.yaml", "Makefile",
-          "*.tar.xz",  "draft*",    "*.sqlite", "report*",    "*.ipynb", "*.tex",  "*.bib",
-          "*.geojson", "Invoice*",  "*.kdbx",   "?[0-9]*.log", "*.org",  "*_final.*"})
+         {"*.cpp",     "*.h",      "*.py",     "*.md",        "*.json",  "*.yaml",   "Makefile",
+          "*.tar.xz",  "draft*",   "*.sqlite", "report*",     "*.ipynb", "*.tex",    "*.bib",
+          "*.geojson", "Invoice*", "*.kdbx",   "?[0-9]*.log", "*.org",   "*_final.*"})
         list.addFilter(pattern, orv::FILTER_INCLUDED);
     return list;
 }
@@ -40,10 +40,10 @@ const std::vector<std::string>& names() {
     static const std::vector<std::string> list = [] {
         const std::vector<std::string> stems = {"IMG_20240611_", "report ",  "notes-",  "index",
                                                 "scan.page.",    "Invoice ", ".config", "lib"};
-        const std::vector<std::string> ends = {
-            ".jpg",  ".JPG", ".png", ".pdf", ".docx", ".txt", ".mp3",          ".mp4",
-            ".html", ".cpp", ".xml", ".zip", ".o",    ".tmp", ".imovielibrary", ".js",
-            ".so.1", "",     ".map", ".tar.xz"};
+        const std::vector<std::string> ends = {".jpg", ".JPG",  ".png", ".pdf",  ".docx",
+                                               ".txt", ".mp3",  ".mp4", ".html", ".cpp",
+                                               ".xml", ".zip",  ".o",   ".tmp",  ".imovielibrary",
+                                               ".js",  ".so.1", "",     ".map",  ".tar.xz"};
         std::mt19937 random(7);
         std::vector<std::string> made(10'000);
         for (std::string& name : made) {

@@ -1,8 +1,7 @@
-#include "accounts/filters/FilterSettings.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "accounts/filters/FilterSettings.h"
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
 #include "foundation/system/Log.h"
@@ -29,9 +28,9 @@ class FilterSettings : public testing::Test {
     }
 
     void putExceptions(std::string_view types) {
-        folder.makeFile("storage_exceptions.xml",
-                        "<backup-exclusions><types>" + std::string(types) +
-                            "</types><patterns/></backup-exclusions>");
+        folder.makeFile("storage_exceptions.xml", "<backup-exclusions><types>" +
+                                                      std::string(types) +
+                                                      "</types><patterns/></backup-exclusions>");
     }
     /// The type that the list gives, or -1.
     static int typeOf(const orv::orv_FilterList& list, const std::string& name) {
@@ -56,10 +55,13 @@ TEST_F(FilterSettings, HasDefaultsWithoutAFileAndForValuesOfOtherTypes) {
         EXPECT_EQ(settings.minFileSize(), 50);
         EXPECT_TRUE(settings.fileSizeFiltering());
         EXPECT_TRUE(settings.includeFilterList().all().empty());
-        orv::StorePropertiesToFile(
-            file, Dictionary{{"all", 0}, {"music", "yes"}, {"exclude", "*"}, {"include", 1},
-                             {"max_file_size", true}, {"min_file_size", ""},
-                             {"file_size_filtering", 0.0}});
+        orv::StorePropertiesToFile(file, Dictionary{{"all", 0},
+                                                    {"music", "yes"},
+                                                    {"exclude", "*"},
+                                                    {"include", 1},
+                                                    {"max_file_size", true},
+                                                    {"min_file_size", ""},
+                                                    {"file_size_filtering", 0.0}});
         settings.load();
     }
 }
@@ -78,9 +80,11 @@ TEST_F(FilterSettings, StoringKeepsWhatItDoesNotKnow) {
     settings.setMaxFileSize(std::int64_t{1} << 40);
     EXPECT_TRUE(settings.store());
     EXPECT_EQ(orv::LoadPropertiesFromFile(file),
-              quelm::Value(Dictionary{{"all", false}, {"exclude", Array{1, "b", "c"}},
+              quelm::Value(Dictionary{{"all", false},
+                                      {"exclude", Array{1, "b", "c"}},
                                       {"max_file_size", std::int64_t{1} << 40},
-                                      {"new_in_9.0", Dictionary{}}, {"odd name", true}}));
+                                      {"new_in_9.0", Dictionary{}},
+                                      {"odd name", true}}));
 
     orv_FilterSettings other("");
     EXPECT_FALSE(other.isEqualToAgentSettings(settings));

@@ -1,10 +1,9 @@
-#include "accounts/filters/StorageExceptions.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <thread>
 
 #include "accounts/filters/FolderPatterns.h"
+#include "accounts/filters/StorageExceptions.h"
 #include "foundation/system/Log.h"
 #include "support/TemporaryFolder.h"
 
@@ -35,8 +34,7 @@ TEST_F(StorageExceptions, AreTheTextsOfAllElements) {
           <pattern>/Caches/</pattern> between <x> <![CDATA[a<b]]>&amp;<y>c</y></x><!-- b -->
           <pattern>&e;</pattern><empty/><blank> </blank>
         </patterns><types><t>*.second</t></types></backup-exclusions>)");
-    EXPECT_THAT(orv::ReadExcludedFolders(file),
-                ElementsAre("/Caches/", " a<b&c", "&e;", "", " "));
+    EXPECT_THAT(orv::ReadExcludedFolders(file), ElementsAre("/Caches/", " a<b&c", "&e;", "", " "));
     EXPECT_THAT(orv::ReadExcludedFileTypes(file), IsEmpty()) << "only the first element counts";
     EXPECT_THAT(log, IsEmpty());
 }
@@ -53,8 +51,8 @@ TEST_F(StorageExceptions, AMissingFileIsSilentAndABadOneIsLoggedOnceACall) {
         log.clear();
         folder.makeFile("storage_exceptions.xml", content);
         EXPECT_THAT(orv::ReadExcludedFileTypes(file), IsEmpty());
-        EXPECT_THAT(log, ElementsAre(StartsWith(
-                             "ERROR: Cannot load storage_exceptions.xml info: ")))
+        EXPECT_THAT(log,
+                    ElementsAre(StartsWith("ERROR: Cannot load storage_exceptions.xml info: ")))
             << content.substr(0, 60);
     }
 }
@@ -106,7 +104,12 @@ TEST_F(FolderPatternsTest, MatchAnywhereInThePathWithoutRegardToCase) {
 }
 
 TEST_F(FolderPatternsTest, WhatCannotBeCompiledIsLoggedAndLeftOutAlone) {
-    const std::vector<std::string> bad = {"(", "[a", "a\\", "\xff", "\\C", "(?<=a*)b",
+    const std::vector<std::string> bad = {"(",
+                                          "[a",
+                                          "a\\",
+                                          "\xff",
+                                          "\\C",
+                                          "(?<=a*)b",
                                           std::string(5'000, 'a'),
                                           std::string(400, '(') + std::string(400, ')'),
                                           "(((a{1,900}){1,900}){1,900})"};

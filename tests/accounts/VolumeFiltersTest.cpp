@@ -1,8 +1,7 @@
-#include "accounts/filters/VolumeFilters.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "accounts/filters/VolumeFilters.h"
 #include "platform/Services.h"
 #include "support/FakeVolumes.h"
 
@@ -34,7 +33,8 @@ class VolumeFilters : public testing::Test {
     ~VolumeFilters() override { platform::ProcessServices() = {}; }
 
     test_support::FakeVolumes* volumes = nullptr;
-    const std::vector<std::string> paths = {"/odd/a", "/ro/a", "/net/a", "/gone", "/ext/a", "/in/a"};
+    const std::vector<std::string> paths = {"/odd/a", "/ro/a",  "/net/a",
+                                            "/gone",  "/ext/a", "/in/a"};
 };
 
 TEST_F(VolumeFilters, AKindIsExcludedUnlessItsBitAllowsIt) {
