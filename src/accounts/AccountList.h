@@ -82,8 +82,8 @@ class AccountList {
     void orderByAgentID();
     void compactClients();
     [[nodiscard]] bool anyAccount(bool (orvAgentSettings::*answer)() const) const;
-    [[nodiscard]] std::int64_t runningMinimum(
-        std::int64_t (orvAgentSettings::*value)() const) const;
+    [[nodiscard]] std::int64_t runningMinimum(std::int64_t (orvAgentSettings::*value)()
+                                                  const) const;
 
     std::vector<std::unique_ptr<Account>> _accountsList;
     std::vector<std::weak_ptr<Client>> _clients;

@@ -29,9 +29,9 @@ ExitCode ListAccounts(const Arguments&, Console& console) {
         if (console.json) continue;
         fmt::print(console.out, "{}  {}  {}{}\n", account.agentID(),
                    account.agentSettings().configLabel(), account.accountFolderPath(),
-                   account.isValid() ? ""
-                                     : "  " + quelm::GetLocalizedString("Cli.NotSetUp",
-                                                                        "(not set up)"));
+                   account.isValid()
+                       ? ""
+                       : "  " + quelm::GetLocalizedString("Cli.NotSetUp", "(not set up)"));
     }
     if (console.json) fmt::print(console.out, "{}\n", ValueAsJson(rows));
     return ExitCode::Done;

@@ -7,8 +7,8 @@
 #include "cli/Invocation.h"
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
-#include "platform/Services.h"
 #include "config/ProductVersion.h"
+#include "platform/Services.h"
 
 namespace orv::cli {
 

@@ -9,8 +9,8 @@
 #include "agentlink/AgentPresence.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
+#include "cli/SettingsChange.h"
 #include "config/AccountId.h"
-#include "config/ConfigurationPath.h"
 #include "foundation/system/LocalizedString.h"
 #include "platform/Services.h"
 
@@ -30,7 +30,7 @@ ExitCode fail(Console& console, ExitCode code, const std::string& message) {
 
 /// --agent, else the account of this command line.
 std::string agentOf(const Arguments& arguments) {
-    return arguments.value("--agent").value_or(AgentID.empty() ? "1" : AgentID);
+    return arguments.value("--agent").value_or(AccountOfCommandLine());
 }
 
 /// Null when no bus answers in time.

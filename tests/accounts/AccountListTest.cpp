@@ -1,8 +1,7 @@
-#include "accounts/AccountList.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "accounts/AccountList.h"
 #include "agentlink/AgentVocabulary.h"
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
@@ -31,8 +30,8 @@ class TheAccounts : public testing::Test {
 
     /// An account's folder with these settings; "" is the default one's.
     void makeAccount(const std::string& id, const Dictionary& settings) {
-        const std::string folder = folder_.makeFolder(
-            "Library/Preferences/com.corvanta.orv" + (id.empty() ? "" : "/account_" + id));
+        const std::string folder = folder_.makeFolder("Library/Preferences/com.corvanta.orv" +
+                                                      (id.empty() ? "" : "/account_" + id));
         ASSERT_TRUE(StorePropertiesToFile(folder + "/user_info.plist", settings));
     }
     static std::vector<std::string> idsOf(const AccountList& list) {

@@ -76,7 +76,7 @@ void ExtensionTable::add(std::string_view extension, std::uint32_t number) {
     Slot& slot = slots_[slotOf(key)];
     if (slot.number != none) return;
     slot = {key, number};
-    if (++used_ * 2 > slots_.size()) grow();
+    if (++used_ * 4 > slots_.size()) grow();
 }
 
 std::uint32_t ExtensionTable::findLong(std::string_view extension) const {
@@ -86,10 +86,11 @@ std::uint32_t ExtensionTable::findLong(std::string_view extension) const {
 }
 
 std::uint32_t ExtensionTable::find(std::string_view name) const {
-    const auto dot = name.rfind('.');
-    if (dot == std::string_view::npos) return none;
-    const std::size_t length = name.size() - dot - 1;
-    if (length > keySize) return findLong(name.substr(dot + 1));
+    // the C library's search takes many bytes at once, unlike the standard library's
+    const auto* const dot = static_cast<const char*>(memrchr(name.data(), '.', name.size()));
+    if (dot == nullptr) return none;
+    const std::size_t length = name.size() - static_cast<std::size_t>(dot - name.data()) - 1;
+    if (length > keySize) return findLong(name.substr(name.size() - length));
     return slots_[slotOf(keyOfEnd(name, length))].number;
 }
 

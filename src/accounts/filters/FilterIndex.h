@@ -36,7 +36,7 @@ class ExtensionTable {
     void grow();
 
     /// Extensions of up to eight bytes, which are their own keys; a power of two of slots, at most
-    /// half of them in use.
+    /// a quarter of them in use, so that hardly a look-up goes on to a second one.
     std::vector<Slot> slots_{std::vector<Slot>(16)};
     std::size_t used_ = 0;
     unsigned shift_ = 60;

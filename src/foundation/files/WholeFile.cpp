@@ -27,7 +27,8 @@ int faultOf(const struct stat& status, std::size_t limit) {
 
 }  // namespace
 
-std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t limit, FileLock lock) {
+std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t limit,
+                                         FileLock lock) {
     // non-blocking matters only to a pipe or device that stands in the file's place
     const FileDescriptor fd(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status = {};

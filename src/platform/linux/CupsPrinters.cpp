@@ -62,7 +62,8 @@ std::vector<Queue> queuesOf(ipp_t* response) {
 }
 
 PrinterState stateOf(int number) {
-    for (const auto state : {PrinterState::Ready, PrinterState::Processing, PrinterState::Stopped}) {
+    for (const auto state :
+         {PrinterState::Ready, PrinterState::Processing, PrinterState::Stopped}) {
         if (static_cast<int>(state) == number) return state;
     }
     return PrinterState::Unknown;
@@ -104,8 +105,8 @@ class CupsPrinters::Connection {
             queues_ = queuesOf(response.get());
         } else if (cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {  // that is a server of none
             owner.reporter_.report("The printing system at " + server +
-                                   " does not say which printers it has: " +
-                                   cupsLastErrorString() + ". Restart the service cups.");
+                                   " does not say which printers it has: " + cupsLastErrorString() +
+                                   ". Restart the service cups.");
         }
     }
 

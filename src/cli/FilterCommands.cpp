@@ -1,0 +1,258 @@
+#include <algorithm>
+#include <fmt/format.h>
+#include <fmt/ostream.h>
+#include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "accounts/filters/FilterCategories.h"
+#include "accounts/filters/FilterSettings.h"
+#include "agentlink/AgentVocabulary.h"
+#include "cli/Commands.h"
+#include "cli/SettingsChange.h"
+#include "config/ConfigurationPath.h"
+#include "foundation/system/LocalizedString.h"
+
+namespace orv::cli {
+
+namespace {
+
+using nlohmann::json;
+using quelm::FormatLocalizedString;
+using quelm::GetLocalizedString;
+
+/// The word for all files, beside the categories.
+constexpr std::string_view everything = "all";
+
+ExitCode fail(Console& console, ExitCode code, const std::string& message) {
+    fmt::print(console.err, "orvctl: {}\n", message);
+    return code;
+}
+
+orv_FilterSettings loadSettings() {
+    orv_FilterSettings settings(GetConfigurationPath());
+    settings.load();
+    return settings;
+}
+
+/// File names and patterns may hold bytes that are not UTF-8, which JSON cannot.
+void printJson(Console& console, const json& value) {
+    fmt::print(console.out, "{}\n", value.dump(-1, ' ', false, json::error_handler_t::replace));
+}
+
+json asJson(const orv_FilterSettings& settings) {
+    json object = {{"all", settings.includeAllFiles()},
+                   {"include", settings.includeFilters()},
+                   {"exclude", settings.excludeFilters()},
+                   {"excludedByServer", orv_FilterSettings::excludeFileTypes()},
+                   {"max_file_size", settings.maxFileSize()},
+                   {"min_file_size", settings.minFileSize()},
+                   {"file_size_filtering", settings.fileSizeFiltering()}};
+    for (const FilterCategory& category : FilterCategories()) {
+        const std::string name(category.name);
+        object[name] = settings.predefIncludeFilterValue(name);
+    }
+    return object;
+}
+
+std::string onOrOff(bool on) {
+    return on ? GetLocalizedString("Filters.On", "on") : GetLocalizedString("Filters.Off", "off");
+}
+
+void printSettings(std::ostream& out, const orv_FilterSettings& settings) {
+    fmt::print(out, "{}: {}\n", everything, onOrOff(settings.includeAllFiles()));
+    for (const FilterCategory& category : FilterCategories()) {
+        const bool on = settings.predefIncludeFilterValue(std::string(category.name));
+        fmt::print(out, "{}: {}\n", category.name, onOrOff(on));
+    }
+    const auto printList = [&out](const std::string& label, const std::vector<std::string>& list) {
+        fmt::print(out, "{}: {}\n", label, fmt::join(list, ", "));
+    };
+    printList(GetLocalizedString("Filters.Include", "also included"), settings.includeFilters());
+    printList(GetLocalizedString("Filters.Exclude", "excluded"), settings.excludeFilters());
+    printList(GetLocalizedString("Filters.ExcludedByServer", "excluded by the server"),
+              orv_FilterSettings::excludeFileTypes());
+    const auto largest = settings.maxFileSize();
+    fmt::print(out, "{}: {}\n", GetLocalizedString("Filters.LargestFile", "largest file"),
+               largest != 0 ? FormatLocalizedString("Filters.Megabytes", "%ld MB", {largest})
+                            : GetLocalizedString("Filters.NoLimit", "no limit"));
+}
+
+/// What the lists decide about one name, and by which filter.
+struct Verdict {
+    std::string name;
+    bool included = false;
+    std::uint32_t type = FILTER_ALL_FILES;
+    const orv_FilenameFilter* by = nullptr;
+    const orv_FilenameFilter* excludedBy = nullptr;
+};
+
+struct Lists {
+    orv_FilterList include;
+    orv_FilterList exclude;
+
+    [[nodiscard]] Verdict judge(const std::string& name) const {
+        Verdict verdict{.name = name};
+        verdict.included = include.isIncluded(name, verdict.type);
+        verdict.by = include.decidingFilter(name);
+        verdict.excludedBy = exclude.decidingFilter(name);
+        return verdict;
+    }
+};
+
+json patternAsJson(const orv_FilenameFilter* filter) {
+    return filter ? json(filter->givenPattern()) : json();
+}
+
+json asJson(const Verdict& verdict) {
+    return {{"name", verdict.name},
+            {"included", verdict.included},
+            {"type", verdict.type},
+            {"pattern", patternAsJson(verdict.by)},
+            {"excluded", verdict.excludedBy != nullptr},
+            {"excludePattern", patternAsJson(verdict.excludedBy)}};
+}
+
+std::string describe(const Verdict& verdict) {
+    if (verdict.excludedBy) {
+        return FormatLocalizedString("Filters.ExcludedBy", "%@: excluded by %@, type %lu",
+                                     {verdict.name, verdict.excludedBy->givenPattern(),
+                                      verdict.excludedBy->getFilterType()});
+    }
+    if (!verdict.included) {
+        return FormatLocalizedString("Filters.NotIncluded", "%@: not included, no pattern matches",
+                                     {verdict.name});
+    }
+    if (!verdict.by) {
+        return FormatLocalizedString("Filters.AllIncluded", "%@: included, as all files, type %lu",
+                                     {verdict.name, verdict.type});
+    }
+    return FormatLocalizedString("Filters.IncludedBy", "%@: included by %@, type %lu",
+                                 {verdict.name, verdict.by->givenPattern(), verdict.type});
+}
+
+/// Whether the settings are what the file now holds; storing itself tells only in the log.
+bool storeAndCheck(const orv_FilterSettings& settings) {
+    return settings.store() && loadSettings().isEqualToAgentSettings(settings);
+}
+
+/// Stores the changed settings, shows them with --json, and tells the agent.
+ExitCode finishChange(const orv_FilterSettings& settings, std::uint32_t hint, Console& console) {
+    if (!storeAndCheck(settings)) {
+        return fail(console, ExitCode::Failed,
+                    FormatLocalizedString("Filters.NotStored",
+                                          "The filters could not be stored in %@. See whether the "
+                                          "folder is there and can be written, and the disk is "
+                                          "not full.",
+                                          {GetConfigurationPath()}));
+    }
+    if (console.json) printJson(console, asJson(settings));
+    AnnounceSettingsChange(hint, console);
+    return ExitCode::Done;
+}
+
+/// For a change that was one already: nothing is stored or announced.
+ExitCode nothingToDo(const orv_FilterSettings& settings, Console& console,
+                     const std::string& message) {
+    if (console.json) printJson(console, asJson(settings));
+    return fail(console, ExitCode::Done, message);
+}
+
+bool contains(const std::vector<std::string>& list, const std::string& text) {
+    return std::ranges::find(list, text) != list.end();
+}
+
+std::string namesOfCategories() {
+    std::string names(everything);
+    for (const FilterCategory& category : FilterCategories())
+        names += " " + std::string(category.name);
+    return names;
+}
+
+}  // namespace
+
+ExitCode ShowFilters(const Arguments&, Console& console) {
+    const auto settings = loadSettings();
+    if (console.json) {
+        printJson(console, asJson(settings));
+    } else {
+        printSettings(console.out, settings);
+    }
+    return ExitCode::Done;
+}
+
+ExitCode MatchFilters(const Arguments& arguments, Console& console) {
+    const auto settings = loadSettings();
+    const Lists lists{settings.includeFilterList(), settings.excludeFilterList()};
+    json all = json::array();
+    for (const std::string& name : arguments.words()) {
+        const Verdict verdict = lists.judge(name);
+        if (console.json) {
+            all.push_back(asJson(verdict));
+        } else {
+            fmt::print(console.out, "{}\n", describe(verdict));
+        }
+    }
+    if (console.json) printJson(console, all);
+    return ExitCode::Done;
+}
+
+ExitCode AddExcludeFilter(const Arguments& arguments, Console& console) {
+    const std::string& pattern = arguments[0];
+    if (pattern.empty()) {
+        return fail(console, ExitCode::Usage,
+                    GetLocalizedString("Filters.EmptyPattern",
+                                       "An empty pattern would exclude every file. Say \"*\" if "
+                                       "that is meant."));
+    }
+    auto settings = loadSettings();
+    if (contains(settings.excludeFilters(), pattern)) {
+        return nothingToDo(
+            settings, console,
+            FormatLocalizedString("Filters.AlreadyExcluded", "%@ is excluded already", {pattern}));
+    }
+    if (!settings.addExcludeFilter(pattern)) {
+        return fail(console, ExitCode::Failed,
+                    GetLocalizedString("Filters.BadPattern",
+                                       "The pattern cannot be stored: it is not UTF-8 or holds "
+                                       "control characters. Say \"?\" for each such byte."));
+    }
+    return finishChange(settings, HintExcludedFiles, console);
+}
+
+ExitCode RemoveExcludeFilter(const Arguments& arguments, Console& console) {
+    const std::string& pattern = arguments[0];
+    auto settings = loadSettings();
+    if (!contains(settings.excludeFilters(), pattern)) {
+        return fail(console, ExitCode::Failed,
+                    FormatLocalizedString("Filters.NotExcluded",
+                                          "%@ is not among the excluded patterns. See orvctl "
+                                          "filters show.",
+                                          {pattern}));
+    }
+    settings.removeExcludeFilter(pattern);
+    return finishChange(settings, HintExcludedFiles, console);
+}
+
+ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
+    const std::string& name = arguments[0];
+    const bool on = arguments[1] == "on";
+    if (!on && arguments[1] != "off") {
+        return fail(
+            console, ExitCode::Usage,
+            FormatLocalizedString("Filters.BadSwitch", "%@ is neither on nor off", {arguments[1]}));
+    }
+    auto settings = loadSettings();
+    if (name == everything) {
+        settings.setIncludeAllFiles(on);
+    } else if (IsFilterCategory(name)) {
+        settings.setPredefIncludeFilter(name, on);
+    } else {
+        return fail(console, ExitCode::Usage,
+                    FormatLocalizedString("Filters.BadCategory", "%@ is no category. There are: %@",
+                                          {name, namesOfCategories()}));
+    }
+    return finishChange(settings, HintBackupSelection, console);
+}
+
+}  // namespace orv::cli

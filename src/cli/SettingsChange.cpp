@@ -1,0 +1,33 @@
+#include "cli/SettingsChange.h"
+
+#include <chrono>
+#include <fmt/format.h>
+#include <fmt/ostream.h>
+#include <ostream>
+
+#include "agentlink/AgentEventQueue.h"
+#include "agentlink/AgentNotifications.h"
+#include "config/ConfigurationPath.h"
+#include "foundation/system/LocalizedString.h"
+#include "platform/Services.h"
+
+namespace orv::cli {
+
+std::string AccountOfCommandLine() {
+    return AgentID.empty() ? "1" : AgentID;
+}
+
+void AnnounceSettingsChange(std::uint32_t hint, Console& console) {
+    constexpr std::chrono::seconds patience(2);
+    const auto& center = platform::ProcessServices().notifications;
+    if (center && center->waitUntilListening(patience)) {
+        NotifyAgentSettingsChanged(AccountOfCommandLine(), hint);
+        if (EndAgentEvents(patience)) return;
+    }
+    fmt::print(console.err, "orvctl: {}\n",
+               quelm::GetLocalizedString("Cli.NotAnnounced",
+                                         "The change is stored, but no session bus took the news "
+                                         "of it: a running agent learns of it at its next start."));
+}
+
+}  // namespace orv::cli
