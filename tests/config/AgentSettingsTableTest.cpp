@@ -1,5 +1,3 @@
-#include "config/AgentSettingsTable.h"
-
 #include <fmt/format.h>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -10,6 +8,7 @@
 #include <unistd.h>
 
 #include "config/AgentSettings.h"
+#include "config/AgentSettingsTable.h"
 #include "config/Deployment.h"
 #include "config/PropertyFiles.h"
 #include "foundation/propertylist/PropertyList.h"

@@ -1,9 +1,8 @@
-#include "config/AgentSettings.h"
-
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "config/AgentSettings.h"
 #include "config/AgentSettingsHooks.h"
 #include "config/PropertyFiles.h"
 #include "foundation/system/Log.h"
@@ -23,8 +22,8 @@ class AgentSettings : public testing::Test {
  protected:
     AgentSettings() {
         platform::ProcessServices().keychain = std::make_unique<test_support::FakeKeychain>();
-        keychain = static_cast<test_support::FakeKeychain*>(
-            platform::ProcessServices().keychain.get());
+        keychain =
+            static_cast<test_support::FakeKeychain*>(platform::ProcessServices().keychain.get());
         quelm::SetLogSink([this](std::string_view line) { log.emplace_back(line); });
     }
     ~AgentSettings() override {

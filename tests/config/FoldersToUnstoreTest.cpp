@@ -1,9 +1,8 @@
-#include "config/FoldersToUnstore.h"
-
 #include <gtest/gtest.h>
 #include <set>
 #include <thread>
 
+#include "config/FoldersToUnstore.h"
 #include "config/PropertyFiles.h"
 #include "foundation/system/Log.h"
 #include "support/TemporaryFolder.h"

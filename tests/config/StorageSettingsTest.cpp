@@ -1,10 +1,9 @@
-#include "config/StorageSettings.h"
-
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 
 #include "config/PropertyFiles.h"
+#include "config/StorageSettings.h"
 #include "config/TopLevelPaths.h"
 #include "foundation/system/Log.h"
 #include "support/TemporaryFolder.h"
@@ -101,11 +100,13 @@ TEST(TopLevelPaths, TakeNoSquareOfTheRows) {
 }
 
 TEST(TopLevelPaths, ARootIsRemovedWithItsRows) {
-    const Array rows = {row("/Users/anna"), row("/Users/an/x", false), row("/Users/an"),
-                        row("/Volumes"),    row("/Volumes/Data"),      row("relative"),
-                        Array{"/Users/an"}, Array{5, true}};
+    const Array rows = {
+        row("/Users/anna"),   row("/Users/an/x", false), row("/Users/an"),   row("/Volumes"),
+        row("/Volumes/Data"), row("relative"),           Array{"/Users/an"}, Array{5, true}};
     const std::vector<std::pair<std::string, std::vector<std::size_t>>> cases = {
-        {"/Users/an", {0, 3, 4, 5, 6, 7}}, {"/", {3, 4, 6, 7}},       {"/Volumes", {0, 1, 2, 5, 6, 7}},
+        {"/Users/an", {0, 3, 4, 5, 6, 7}},
+        {"/", {3, 4, 6, 7}},
+        {"/Volumes", {0, 1, 2, 5, 6, 7}},
         {"/Users/", {0, 1, 2, 3, 4, 5, 6, 7}},
     };
     for (const auto& [path, kept] : cases) {

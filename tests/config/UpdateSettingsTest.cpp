@@ -1,5 +1,3 @@
-#include "config/UpdateSettings.h"
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -7,6 +5,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/PersistentFlag.h"
 #include "config/PropertyFiles.h"
+#include "config/UpdateSettings.h"
 #include "foundation/files/FileIo.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"

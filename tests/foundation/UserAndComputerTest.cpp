@@ -1,8 +1,7 @@
-#include "foundation/system/UserAndComputer.h"
-
 #include <gtest/gtest.h>
 
 #include "foundation/system/AssignmentFile.h"
+#include "foundation/system/UserAndComputer.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -12,8 +11,8 @@ TEST(AssignmentFile, TakesQuotesAndBackslashesOff) {
     const std::string path = folder.makeFile(
         "f", "# A=1\nNAME=\"Anna\\\"s \\$5\"\nNAMES=x\nB='b'\nC=\nD=1\nD=2\nbroken\nE=\"");
     const std::vector<std::pair<const char*, std::optional<std::string>>> values = {
-        {"NAME", "Anna\"s $5"}, {"A", std::nullopt}, {"B", "b"}, {"C", ""}, {"D", "2"},
-        {"E", "\""},            {"NAM", std::nullopt}};
+        {"NAME", "Anna\"s $5"}, {"A", std::nullopt}, {"B", "b"}, {"C", ""}, {"D", "2"}, {"E", "\""},
+        {"NAM", std::nullopt}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(quelm::ReadAssignment(path, name), value) << name;
     EXPECT_EQ(quelm::ReadAssignment(folder / "absent", "A"), std::nullopt);
