@@ -7,7 +7,7 @@
 #include "cli/Commands.h"
 #include "cli/ReadableFile.h"
 #include "cli/SettingText.h"
-#include "cli/SettingsHint.h"
+#include "cli/SettingsChange.h"
 #include "cli/Spelling.h"
 #include "cli/ValueText.h"
 #include "config/AgentSettings.h"
@@ -112,7 +112,7 @@ ExitCode SetSetting(const Arguments& arguments, Console& console) {
                                           "folder there, and is there room on the disk?",
                                           {GetConfigurationPath(files::userInfo)}));
     }
-    AnnounceSettings(console, HintAgentSettings);
+    AnnounceSettingsChange(HintAgentSettings, console);
     return ExitCode::Done;
 }
 

@@ -153,7 +153,7 @@ TEST(NearestWord, TakesTheFewestEdits) {
     EXPECT_EQ(orv::cli::NearestWord("sittin", words), "sitting");
     EXPECT_EQ(orv::cli::NearestWord("xkitten", words), "kitten");
     EXPECT_EQ(orv::cli::NearestWord("", words), "rcid");
-    EXPECT_EQ(orv::cli::NearestWord(std::string(1 << 20U, 'x'), words), "sitting");
+    EXPECT_EQ(orv::cli::NearestWord(std::string(1 << 20U, 'x'), words), "kitten") << "the first";
     EXPECT_EQ(orv::cli::NearestWord("a", {}), "");
 }
 
