@@ -11,9 +11,9 @@ namespace {
 using quelm::FormatLocalizedString;
 
 std::string posixText(const SettingsError& error) {
-    const std::string text = FormatLocalizedString(
-        "Printers.Error", "Error %d: %s",
-        {error.code, std::generic_category().message(error.code)});
+    const std::string text =
+        FormatLocalizedString("Printers.Error", "Error %d: %s",
+                              {error.code, std::generic_category().message(error.code)});
     return error.description.empty() ? text : error.description + ".\n" + text;
 }
 

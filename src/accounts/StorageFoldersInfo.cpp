@@ -45,7 +45,8 @@ bool orv_StorageFoldersInfo::loadAtPath(const std::string& path) {
 
 bool orv_StorageFoldersInfo::loadData(std::string_view data) {
     const auto parsed = quelm::ParseXml(data);
-    const auto stores = parsed.document ? quelm::FindElement(*parsed.document, "stores") : pugi::xml_node();
+    const auto stores =
+        parsed.document ? quelm::FindElement(*parsed.document, "stores") : pugi::xml_node();
     if (!stores) {
         quelm::LogError("Cannot load storage_folders info: " +
                         (parsed.document ? "there is no element \"stores\"" : parsed.error));

@@ -71,9 +71,9 @@ void printStorage(std::ostream& out, const orv_StorageFoldersInfo& folders,
     for (const auto& folder : folders.list())
         fmt::print(out, "{}: {}\n", folder.path(), statusOf(folder));
     fmt::print(out, "{}\n{}\n",
-               FormatLocalizedString("Storage.Sum", "Stored: %@ of %@",
-                                     {orv::FileSizeString(folders.stored()),
-                                      orv::FileSizeString(folders.total())}),
+               FormatLocalizedString(
+                   "Storage.Sum", "Stored: %@ of %@",
+                   {orv::FileSizeString(folders.stored()), orv::FileSizeString(folders.total())}),
                quotaText(quota));
 }
 

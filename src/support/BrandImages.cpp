@@ -27,10 +27,9 @@ char lower(char c) {
 }
 
 bool takePrefix(std::string_view& text, std::string_view prefix) {
-    const bool begins =
-        text.size() >= prefix.size() &&
-        std::equal(prefix.begin(), prefix.end(), text.begin(),
-                   [](char wanted, char given) { return wanted == lower(given); });
+    const bool begins = text.size() >= prefix.size() &&
+                        std::equal(prefix.begin(), prefix.end(), text.begin(),
+                                   [](char wanted, char given) { return wanted == lower(given); });
     if (begins) text.remove_prefix(prefix.size());
     return begins;
 }

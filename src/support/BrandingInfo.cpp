@@ -53,9 +53,9 @@ std::optional<quelm::Dictionary> LoadBrandingInfo() {
     auto file = quelm::ReadPropertyListFile(path);
     const auto* const info = file.value ? file.value->asDictionary() : nullptr;
     if (info) return *info;
-    quelm::LogWarning(path + " is no branding file: " +
-                      (file.value ? "it holds no dictionary" : file.error) +
-                      ". The product's own names are used; replace or remove the file.");
+    quelm::LogWarning(
+        path + " is no branding file: " + (file.value ? "it holds no dictionary" : file.error) +
+        ". The product's own names are used; replace or remove the file.");
     return std::nullopt;
 }
 

@@ -18,7 +18,8 @@ class Replacement {
  public:
     Replacement(std::string_view text, std::string_view variable, std::string_view value)
         : length_(variable.size()), value_(value) {
-        for (auto at = text.find(variable); at != text.npos; at = text.find(variable, at + length_)) {
+        for (auto at = text.find(variable); at != text.npos;
+             at = text.find(variable, at + length_)) {
             positions_.push_back(at);
         }
     }
@@ -76,8 +77,9 @@ void replaceEach(const std::string& text, const TextVariables& variables, Apply 
         if (replacement.sizeAfter(text.size()) <= mostBytes) {
             apply(replacement);
         } else {
-            quelm::LogWarning(variable + " makes a text too long and was not replaced. Shorten its "
-                                         "value in the branding file.");
+            quelm::LogWarning(variable +
+                              " makes a text too long and was not replaced. Shorten its "
+                              "value in the branding file.");
         }
     }
 }
@@ -85,9 +87,8 @@ void replaceEach(const std::string& text, const TextVariables& variables, Apply 
 }  // namespace
 
 std::string ReplaceVariables(std::string text, const TextVariables& variables) {
-    replaceEach(text, variables, [&text](const Replacement& replacement) {
-        text = replacement.appliedTo(text);
-    });
+    replaceEach(text, variables,
+                [&text](const Replacement& replacement) { text = replacement.appliedTo(text); });
     return text;
 }
 

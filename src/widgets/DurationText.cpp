@@ -18,12 +18,27 @@ struct Unit {
 };
 
 constexpr std::array units = {
-    Unit{&DateComponents::years, 0, {"DateComponents.year", "year"}, {"DateComponents.years", "years"}},
-    Unit{&DateComponents::months, 0, {"DateComponents.month", "month"}, {"DateComponents.months", "months"}},
+    Unit{&DateComponents::years,
+         0,
+         {"DateComponents.year", "year"},
+         {"DateComponents.years", "years"}},
+    Unit{&DateComponents::months,
+         0,
+         {"DateComponents.month", "month"},
+         {"DateComponents.months", "months"}},
     Unit{&DateComponents::days, 0, {"DateComponents.day", "day"}, {"DateComponents.days", "days"}},
-    Unit{&DateComponents::hours, 1, {"DateComponents.hour", "hour"}, {"DateComponents.hours", "hours"}},
-    Unit{&DateComponents::minutes, 1, {"DateComponents.minute", "minute"}, {"DateComponents.minutes", "minutes"}},
-    Unit{&DateComponents::seconds, 2, {"DateComponents.second", "second"}, {"DateComponents.seconds", "seconds"}},
+    Unit{&DateComponents::hours,
+         1,
+         {"DateComponents.hour", "hour"},
+         {"DateComponents.hours", "hours"}},
+    Unit{&DateComponents::minutes,
+         1,
+         {"DateComponents.minute", "minute"},
+         {"DateComponents.minutes", "minutes"}},
+    Unit{&DateComponents::seconds,
+         2,
+         {"DateComponents.second", "second"},
+         {"DateComponents.seconds", "seconds"}},
 };
 
 }  // namespace

@@ -14,8 +14,8 @@ struct HexColor {
     bool operator==(const HexColor&) const = default;
 };
 
-/// Reads "#e51937", as sscanf reads "#%02x%02x%02x": what follows is ignored, and the last component
-/// may be a single digit. None unless all three components are there.
+/// Reads "#e51937", as sscanf reads "#%02x%02x%02x": what follows is ignored, and the last
+/// component may be a single digit. None unless all three components are there.
 [[nodiscard]] std::optional<HexColor> ParseHexColor(const std::string& text);
 
 /// "#" and six lower-case digits.

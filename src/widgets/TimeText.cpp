@@ -51,12 +51,11 @@ std::string TimeEstimationToString(std::int64_t seconds, double bytesPerSecond) 
     if (!(bytesPerSecond >= 1.0)) {
         return quelm::GetLocalizedString("TimeEst.NoSpeed", "--- (0 KB per second)");
     }
-    const std::string speed =
-        bytesPerSecond < megabyte
-            ? FormatLocalizedString("TimeEst.Kbs", " (%.1f KB per second)",
-                                    {bytesPerSecond / kilobyte})
-            : FormatLocalizedString("TimeEst.Mbs", " (%.1f MB per second)",
-                                    {bytesPerSecond / megabyte});
+    const std::string speed = bytesPerSecond < megabyte
+                                  ? FormatLocalizedString("TimeEst.Kbs", " (%.1f KB per second)",
+                                                          {bytesPerSecond / kilobyte})
+                                  : FormatLocalizedString("TimeEst.Mbs", " (%.1f MB per second)",
+                                                          {bytesPerSecond / megabyte});
     return TimeIntervalToString(seconds) + speed;
 }
 

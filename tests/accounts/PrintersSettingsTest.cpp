@@ -45,7 +45,8 @@ class PrintersSettings : public testing::Test {
     [[nodiscard]] std::string listed() const {
         std::string text;
         for (std::size_t i = 0; i < settings_.count(); ++i) {
-            text += settings_.printersNameAtIndex(i) + (settings_.userCheckAtIndex(i) ? "+ " : "- ");
+            text +=
+                settings_.printersNameAtIndex(i) + (settings_.userCheckAtIndex(i) ? "+ " : "- ");
         }
         return text;
     }
@@ -84,14 +85,14 @@ TEST_F(PrintersSettings, AreStoredForTheOwnerAloneAndTheAgentIsTold) {
     settings_.createListOfPrinters(true);
     settings_.setUserCheck(true, 1);
     settings_.setUserCheck(true, 2);
-    EXPECT_EQ(fileContent(),
-              quelm::Value(Array{Dictionary{{"printer_id", "laser"},
-                                            {"printer_name", "Laser"},
-                                            {"user_check", false}},
-                                 Dictionary{{"future", 7},
-                                            {"printer_id", "ink"},
-                                            {"printer_name", "Ink"},
-                                            {"user_check", true}}}));
+    EXPECT_EQ(
+        fileContent(),
+        quelm::Value(Array{
+            Dictionary{{"printer_id", "laser"}, {"printer_name", "Laser"}, {"user_check", false}},
+            Dictionary{{"future", 7},
+                       {"printer_id", "ink"},
+                       {"printer_name", "Ink"},
+                       {"user_check", true}}}));
     struct stat status = {};
     ASSERT_EQ(::stat(file_.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
@@ -171,7 +172,8 @@ TEST_F(PrintersSettings, AreKeptInACopyWhenTheirFileCannotBeRead) {
 
 TEST_F(PrintersSettings, ErrorsAreToldByTheirDomain) {
     const std::vector<std::pair<SettingsError, std::string>> cases = {
-        {{SettingsError::posixDomain, EACCES, "", "", "/a"}, "Error 13: Permission denied\nPath: /a"},
+        {{SettingsError::posixDomain, EACCES, "", "", "/a"},
+         "Error 13: Permission denied\nPath: /a"},
         {{SettingsError::posixDomain, EACCES, "No luck", "", std::nullopt},
          "No luck.\nError 13: Permission denied"},
         {{SettingsError::settingsDomain, 5, "Bad settings", "x", std::nullopt}, "Bad settings"},

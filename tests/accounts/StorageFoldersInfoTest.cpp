@@ -87,10 +87,10 @@ TEST_F(StorageFiles, WhatCannotBeReadLeavesTheFoldersAsTheyWere) {
 }
 
 TEST_F(StorageFiles, HugeNumbersStayAtTheEndsOf64Bits) {
-    ASSERT_TRUE(folders_.loadData(storesXml(
-        folderXml("/a", "9223372036854775807", "-9223372036854775808") +
-        folderXml("/b", "99999999999999999999999", "-99999999999999999999999") +
-        folderXml("/c", "five", ""))));
+    ASSERT_TRUE(folders_.loadData(
+        storesXml(folderXml("/a", "9223372036854775807", "-9223372036854775808") +
+                  folderXml("/b", "99999999999999999999999", "-99999999999999999999999") +
+                  folderXml("/c", "five", ""))));
     EXPECT_TRUE(folders_.list()[1].isEqual({"/b", largest, smallest}));
     EXPECT_TRUE(folders_.list()[2].isEqual({"/c", 0, 0}));
     EXPECT_EQ(folders_.total(), largest);
@@ -98,13 +98,21 @@ TEST_F(StorageFiles, HugeNumbersStayAtTheEndsOf64Bits) {
 }
 
 TEST_F(StorageFiles, FoldersAreFoundByTheirPathExactlyElseWithoutRegardToCase) {
-    ASSERT_TRUE(folders_.loadData(storesXml(
-        folderXml("/users/a/documents", "1", "1") + folderXml("/Docs", "2", "1") +
-        folderXml("/docs", "3", "1") + folderXml("/\u00c4rger", "4", "1"))));
-    const std::vector<std::pair<std::string, std::int64_t>> cases = {
-        {"/Users/A/Documents", 1}, {"/users//a/documents/", 1}, {"/Docs", 2},   {"/docs", 3},
-        {"/DOCS", 2},              {"/\u00e4RGER", 4},           {"/doc", 0},    {"/docs/a", 0},
-        {"/users/a", 0},           {"/s/documents", 0},         {"/argerx", 0}, {"", 0}};
+    ASSERT_TRUE(folders_.loadData(
+        storesXml(folderXml("/users/a/documents", "1", "1") + folderXml("/Docs", "2", "1") +
+                  folderXml("/docs", "3", "1") + folderXml("/\u00c4rger", "4", "1"))));
+    const std::vector<std::pair<std::string, std::int64_t>> cases = {{"/Users/A/Documents", 1},
+                                                                     {"/users//a/documents/", 1},
+                                                                     {"/Docs", 2},
+                                                                     {"/docs", 3},
+                                                                     {"/DOCS", 2},
+                                                                     {"/\u00e4RGER", 4},
+                                                                     {"/doc", 0},
+                                                                     {"/docs/a", 0},
+                                                                     {"/users/a", 0},
+                                                                     {"/s/documents", 0},
+                                                                     {"/argerx", 0},
+                                                                     {"", 0}};
     for (const auto& [path, total] : cases) {
         const auto* const found = folders_.findInfoForPath(path);
         EXPECT_EQ(found ? found->total() : 0, total) << path;
@@ -156,9 +164,12 @@ TEST_F(StorageFiles, QuotaHasWhatIsThereAndZeroForTheRest) {
 }
 
 TEST_F(StorageFiles, AQuotaOfAllBitsIsUnlimited) {
-    const std::vector<std::pair<std::string, bool>> cases = {
-        {"-1", true}, {"18446744073709551615", true}, {"18446744073709551614", false},
-        {"-2", false}, {"0", false}, {"9223372036854775807", false}};
+    const std::vector<std::pair<std::string, bool>> cases = {{"-1", true},
+                                                             {"18446744073709551615", true},
+                                                             {"18446744073709551614", false},
+                                                             {"-2", false},
+                                                             {"0", false},
+                                                             {"9223372036854775807", false}};
     for (const auto& [number, unlimited] : cases) {
         ASSERT_TRUE(quota_.loadData("<request><parameters><total-quota>" + number +
                                     "</total-quota></parameters></request>"));

@@ -123,12 +123,8 @@ TEST_F(InterfaceBranding, ColoursTheTextsOfHeadersOnly) {
 
 TEST_F(InterfaceBranding, ReplacesImagesByNameElseByTag) {
     const std::vector<std::tuple<std::optional<std::string>, int, std::string>> cases = {
-        {"logo", 0, "logo"},
-        {"logo", 12, "logo"},
-        {"other", 12, ""},
-        {"", 10, "logo"},
-        {std::nullopt, 10, "logo"},
-        {std::nullopt, 12, "banner-background"},
+        {"logo", 0, "logo"},   {"logo", 12, "logo"},       {"other", 12, ""},
+        {"", 10, "logo"},      {std::nullopt, 10, "logo"}, {std::nullopt, 12, "banner-background"},
         {std::nullopt, 0, ""},
     };
     for (const auto& [name, tag, shown] : cases) {

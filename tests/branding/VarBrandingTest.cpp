@@ -95,10 +95,9 @@ TEST_F(VarBranding, TakesNamesColoursAndServerFromItsFile) {
     const orv::BrandImage logo = {"logo", "https://acme.example/logo.png"};
     const orv::BrandImage banner = {"banner-background",
                                     orv::FilledRectangle{560, 65, {10, 11, 12}}};
-    EXPECT_EQ(brand->images(), (orv::BrandImageTable{{"logo", logo},
-                                                     {10, logo},
-                                                     {"banner-background", banner},
-                                                     {12, banner}}));
+    EXPECT_EQ(brand->images(),
+              (orv::BrandImageTable{
+                  {"logo", logo}, {10, logo}, {"banner-background", banner}, {12, banner}}));
     ASSERT_EQ(log_.size(), 1U);
     EXPECT_NE(log_[0].find("loftmere_folder_icon_url"), std::string::npos);
 
@@ -140,11 +139,12 @@ TEST(BrandImages, ComeOnlyFromTheWebAndFromFiles) {
         EXPECT_TRUE(orv::IsImageAddress(address)) << address;
     }
     for (const std::string& address :
-         {std::string(), std::string("https://"), std::string("http:///x"), std::string("http://:80"),
-          std::string("ftp://a/b"), std::string("data:image/png;base64,AA"), std::string("/a/b"),
-          std::string("file://"), std::string("file:///"), std::string("file://host/a"),
-          std::string("https://a/ b"), std::string("https://a/\n"), std::string("https://a\0b", 11),
-          std::string("https://a\\b"), "https://a/" + std::string(2048, 'x')}) {
+         {std::string(), std::string("https://"), std::string("http:///x"),
+          std::string("http://:80"), std::string("ftp://a/b"),
+          std::string("data:image/png;base64,AA"), std::string("/a/b"), std::string("file://"),
+          std::string("file:///"), std::string("file://host/a"), std::string("https://a/ b"),
+          std::string("https://a/\n"), std::string("https://a\0b", 11), std::string("https://a\\b"),
+          "https://a/" + std::string(2048, 'x')}) {
         EXPECT_FALSE(orv::IsImageAddress(address)) << address;
     }
 }

@@ -44,18 +44,20 @@ TEST_F(RecordCommands, StorageTellsWhatTheAgentWrote) {
     EXPECT_EQ(nothing["quota"]["quota"], 0);
 
     const std::string there = folder_.makeFolder("there");
-    folder_.makeFile("storage_folders.xml", "<r><stores><f><total>2048</total><stored>1024</stored>"
-                                            "<path>" + there + "</path></f><f><total>0</total>"
-                                            "<stored>0</stored><path>/Volumes/Gone/x</path></f>"
-                                            "</stores></r>");
+    folder_.makeFile("storage_folders.xml",
+                     "<r><stores><f><total>2048</total><stored>1024</stored>"
+                     "<path>" +
+                         there +
+                         "</path></f><f><total>0</total>"
+                         "<stored>0</stored><path>/Volumes/Gone/x</path></f>"
+                         "</stores></r>");
     folder_.makeFile("storage_quota.xml",
                      "<request><parameters><total-quota>-1</total-quota><total-this-computer>9"
                      "</total-this-computer></parameters></request>");
     const json storage = json::parse(run({"storage", "--json"}));
-    EXPECT_EQ(storage["folders"][0], (json{{"path", there},
-                                           {"total", 2048},
-                                           {"stored", 1024},
-                                           {"status", "50% Backed Up"}}));
+    EXPECT_EQ(
+        storage["folders"][0],
+        (json{{"path", there}, {"total", 2048}, {"stored", 1024}, {"status", "50% Backed Up"}}));
     EXPECT_EQ(storage["folders"][1]["status"], "Volume offline");
     EXPECT_EQ(storage["quota"], (json{{"quota", -1},
                                       {"unlimited", true},
@@ -63,8 +65,9 @@ TEST_F(RecordCommands, StorageTellsWhatTheAgentWrote) {
                                       {"storedThisComputer", 0},
                                       {"totalOtherComputers", 0},
                                       {"storedOtherComputers", 0}}));
-    EXPECT_EQ(run({"storage"}), there + ": 50% Backed Up\n/Volumes/Gone/x: Volume offline\n"
-                                        "Stored: 1.0 KB of 2.0 KB\nQuota: unlimited\n");
+    EXPECT_EQ(run({"storage"}), there +
+                                    ": 50% Backed Up\n/Volumes/Gone/x: Volume offline\n"
+                                    "Stored: 1.0 KB of 2.0 KB\nQuota: unlimited\n");
 
     folder_.makeFile("storage_quota.xml", "<request>");
     EXPECT_EQ(run({"storage", "--json"}, ExitCode::Failed), "");

@@ -36,11 +36,10 @@ class CupsPrinters : public testing::Test {
         const std::string all = "Order allow,deny\nAllow all\n";
         const std::string rules = "Listen " + socket_ + "\nDefaultAuthType None\nBrowsing Off\n" +
                                   "WebInterface No\n<Location />\n" + all + "</Location>\n" +
-                                  "<Policy default>\n<Limit All>\n" + all +
-                                  "</Limit>\n</Policy>\n";
-        const bool started =
-            server_.start({.words = {"/usr/sbin/cupsd", "-f", "-c", folder_.makeFile("rules", rules),
-                                     "-s", folder_.makeFile("files", files)}});
+                                  "<Policy default>\n<Limit All>\n" + all + "</Limit>\n</Policy>\n";
+        const bool started = server_.start(
+            {.words = {"/usr/sbin/cupsd", "-f", "-c", folder_.makeFile("rules", rules), "-s",
+                       folder_.makeFile("files", files)}});
         return started && WaitUntil([this] { return lpadmin({"-x", "nothing"}) == 1; });
     }
     /// 1 also for what the server refuses.
@@ -53,7 +52,8 @@ class CupsPrinters : public testing::Test {
             test_support::ContentOf(output).find("does not exist") != std::string::npos;
         return status != 0 && !answered ? -1 : status;
     }
-    [[nodiscard]] int addQueue(const std::string& id, const std::vector<std::string>& options) const {
+    [[nodiscard]] int addQueue(const std::string& id,
+                               const std::vector<std::string>& options) const {
         std::vector<std::string> words = {"-p", id, "-v", "file:///dev/null", "-m", "raw"};
         words.insert(words.end(), options.begin(), options.end());
         return lpadmin(words);
@@ -73,8 +73,8 @@ class CupsPrinters : public testing::Test {
     std::string socket_ = folder_ / "socket";
     ChildProcess server_;
     std::vector<std::string> reports_;
-    platform::CupsPrinters printers_{
-        [this](const std::string& line) { reports_.push_back(line); }, socket_, 200ms};
+    platform::CupsPrinters printers_{[this](const std::string& line) { reports_.push_back(line); },
+                                     socket_, 200ms};
 };
 
 TEST_F(CupsPrinters, AreTheQueuesOfTheServerWithTheirStates) {

@@ -86,12 +86,11 @@ TEST(TextsForThePerson, DurationsShowTheCoarsestUnitsThatAreNotZero) {
 
 TEST(TextsForThePerson, AreTranslated) {
     const test_support::TemporaryFolder folder;
-    folder.makeFile("de.lproj/Localizable.strings",
-                    *quelm::WritePropertyList(quelm::Dictionary{
-                        {"FileSize.Kbytes", "%.1f Kilobyte"},
-                        // a no-break space of two bytes at the end
-                        {"Time.XMinutes", "%d Minuten\u00a0"},
-                        {"DateComponents.days", "Tage"}}));
+    folder.makeFile("de.lproj/Localizable.strings", *quelm::WritePropertyList(quelm::Dictionary{
+                                                        {"FileSize.Kbytes", "%.1f Kilobyte"},
+                                                        // a no-break space of two bytes at the end
+                                                        {"Time.XMinutes", "%d Minuten\u00a0"},
+                                                        {"DateComponents.days", "Tage"}}));
     const quelm::Bundle bundle(folder.path(), {"de"});
     quelm::SetApplicationBundle(&bundle);
     EXPECT_EQ(orv::FileSizeString(2048), "2.0 Kilobyte");
