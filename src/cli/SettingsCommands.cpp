@@ -4,6 +4,7 @@
 #include <ostream>
 #include <vector>
 
+#include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
 #include "cli/ReadableFile.h"
 #include "cli/SettingText.h"

@@ -8,6 +8,8 @@
 
 namespace platform {
 
+struct CupsLibrary;
+
 /// The queues of CUPS, classes too. Every call has a connection of its own.
 class CupsPrinters final : public Printers {
  public:
@@ -22,6 +24,9 @@ class CupsPrinters final : public Printers {
 
  private:
     class Connection;
+
+    /// Null where it is missing, which is said.
+    [[nodiscard]] const CupsLibrary* library();
 
     OnceReporter reporter_;
     std::string server_;
