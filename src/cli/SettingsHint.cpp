@@ -15,7 +15,8 @@ namespace orv::cli {
 
 namespace {
 
-constexpr std::chrono::seconds patience(2);
+// a bus on this computer answers within milliseconds, and the change is stored already
+constexpr std::chrono::milliseconds patience(500);
 
 bool announce(SettingsHint hint) {
     const auto& bus = platform::ProcessServices().notifications;
