@@ -18,7 +18,8 @@ std::string AccountOfCommandLine() {
 }
 
 void AnnounceSettingsChange(std::uint32_t hint, Console& console) {
-    constexpr std::chrono::seconds patience(2);
+    // the change is stored: what is left is not worth a longer wait
+    constexpr std::chrono::milliseconds patience(500);
     const auto& center = platform::ProcessServices().notifications;
     if (center && center->waitUntilListening(patience)) {
         NotifyAgentSettingsChanged(AccountOfCommandLine(), hint);

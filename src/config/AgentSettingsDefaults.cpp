@@ -101,7 +101,7 @@ std::string orvAgentSettings::defaultProjectFolder() const {
 }
 
 std::optional<std::string> orvAgentSettings::cellName() const {
-    const auto id = cellId();
+    auto id = cellId();
     const long number = id ? std::strtol(id->c_str(), nullptr, 10) : 0;
     if (number < 1 || number > static_cast<long>(cellNames.size())) return id;
     const auto& name = cellNames[static_cast<std::size_t>(number - 1)];

@@ -29,8 +29,8 @@ std::vector<SelectedPath> selectedPaths(const quelm::Array& rows) {
         if (row && row->isSelected) selected.push_back({row->path, i});
     }
     std::ranges::stable_sort(selected, {}, &SelectedPath::path);
-    const auto repeated = std::ranges::unique(selected, {}, &SelectedPath::path);
-    selected.erase(repeated.begin(), repeated.end());
+    const auto isSame = [](const auto& left, const auto& right) { return left.path == right.path; };
+    selected.erase(std::unique(selected.begin(), selected.end(), isSame), selected.end());
     return selected;
 }
 
