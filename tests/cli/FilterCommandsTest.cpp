@@ -67,8 +67,8 @@ TEST_F(FilterCommands, ChangesAreStoredAndAnnounced) {
     EXPECT_EQ(run({"filters", "category", "all", "off"}), ExitCode::Done);
     EXPECT_EQ(out.str() + err.str(), "");
     EXPECT_EQ(orv::LoadPropertiesFromFile(file),
-              quelm::Value(Dictionary{
-                  {"all", false}, {"exclude", quelm::Array{"*.tmp"}}, {"music", true}}));
+              quelm::Value(
+                  Dictionary{{"all", false}, {"exclude", quelm::Array{"*.tmp"}}, {"music", true}}));
 
     shown = runForJson({"filters", "show"});
     EXPECT_EQ(shown["all"], false);
@@ -88,8 +88,8 @@ TEST_F(FilterCommands, MatchNamesThePatternsThatDecide) {
                                                 {"documents", true},
                                                 {"include", quelm::Array{"own*"}},
                                                 {"exclude", quelm::Array{"*.TMP"}}});
-    const auto verdicts = runForJson(
-        {"filters", "match", "a.PDF", "own.tmp", "a.tmp", "\xff", "--", "-a.css"});
+    const auto verdicts =
+        runForJson({"filters", "match", "a.PDF", "own.tmp", "a.tmp", "\xff", "--", "-a.css"});
     EXPECT_EQ(verdicts, json::parse(R"([
         {"name": "a.PDF", "included": true, "type": 1, "pattern": "*.pdf",
          "excluded": false, "excludePattern": null},
