@@ -131,9 +131,9 @@ std::string describe(const Verdict& verdict) {
                                  {verdict.name, verdict.by->givenPattern(), verdict.type});
 }
 
-/// Whether the settings are what the file now holds; storing itself tells only in the log.
+/// Whether the file now says the same; storing itself tells a failure only in the log.
 bool storeAndCheck(const orv_FilterSettings& settings) {
-    return settings.store() && loadSettings().isEqualToAgentSettings(settings);
+    return settings.store() && asJson(loadSettings()) == asJson(settings);
 }
 
 /// Stores the changed settings, shows them with --json, and tells the agent.
@@ -247,6 +247,12 @@ ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
         settings.setIncludeAllFiles(on);
     } else if (IsFilterCategory(name)) {
         settings.setPredefIncludeFilter(name, on);
+        if (on && settings.includeAllFiles()) {
+            fmt::print(console.err, "orvctl: {}\n",
+                       GetLocalizedString("Filters.AllStillOn",
+                                          "All files are backed up until orvctl filters category "
+                                          "all off."));
+        }
     } else {
         return fail(console, ExitCode::Usage,
                     FormatLocalizedString("Filters.BadCategory", "%@ is no category. There are: %@",

@@ -148,6 +148,17 @@ TEST(FilterList, TheIndexHoldsForRandomListsAndForVeryLongOnes) {
     expectIndexDecidesAsInOrder(copy, 2'000);
 }
 
+TEST(FilterList, ExtensionsEqualEachOtherAsTheirBytesDo) {
+    for (int byte = 1; byte < 256; ++byte) {
+        orv_FilterList list(false);
+        list.addFilter(("*.x" + std::string(1, static_cast<char>(byte))).c_str(), 1);
+        for (int other = 1; other < 256; ++other) {
+            const std::string name = "a.X" + std::string(1, static_cast<char>(other));
+            ASSERT_EQ(list.decidingFilter(name), DecideInOrder(list, name)) << byte << name;
+        }
+    }
+}
+
 TEST(FilterList, NothingBehindAMatchForEverythingIsReached) {
     for (const char* everything : {"", "*"}) {
         orv_FilterList list(false);

@@ -8,7 +8,7 @@ namespace orv {
 namespace {
 
 FilterFunction classify(std::string_view pattern) {
-    // brackets without one of these are compared as plain text, as prescribed
+    // brackets are not among them: "*[a]" is a suffix, and means that text
     constexpr std::string_view special = "*\\?";
     if (pattern.empty() || pattern == "*") return FilterFunctionAll;
     if (pattern.starts_with('*') && pattern.find_first_of(special, 1) == pattern.npos) {

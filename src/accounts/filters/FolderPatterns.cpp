@@ -108,6 +108,9 @@ bool canBeJoined(std::string_view text) {
 }
 
 struct Expression {
+    Expression(std::string given, Code compiled)
+        : text(std::move(given)), code(std::move(compiled)) {}
+
     std::string text;
     Code code;
     std::atomic<int> timesGivenUp = 0;
