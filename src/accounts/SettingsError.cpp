@@ -28,9 +28,11 @@ std::string textWithoutPath(const SettingsError& error) {
 }  // namespace
 
 std::string TextOf(const SettingsError& error) {
-    const std::string text = textWithoutPath(error);
-    if (!error.filePath) return text;
-    return text + FormatLocalizedString("Printers.FilePath", "\nPath: %@", {*error.filePath});
+    std::string text = textWithoutPath(error);
+    if (error.filePath) {
+        text += FormatLocalizedString("Printers.FilePath", "\nPath: %@", {*error.filePath});
+    }
+    return text;
 }
 
 }  // namespace orv

@@ -28,7 +28,7 @@ void storeWebServer(const std::string& name) {
 std::shared_ptr<orv_VarBranding> orv_VarBranding::instance() {
     if (const auto& brand = sharedBrand()) return brand;
     // shared before it is loaded: what loading calls may ask for texts in the brand
-    const auto brand = std::make_shared<orv_VarBranding>();
+    auto brand = std::make_shared<orv_VarBranding>();
     sharedBrand() = brand;
     brand->load();
     return brand;

@@ -137,8 +137,8 @@ TEST_F(TheAccounts, CountTheRootsInEightBits) {
 }
 
 TEST_F(TheAccounts, StartWithAFreeIdAndTheFirstOnesLabelAndServer) {
-    makeAccount("", {{"config_label", "Work"}, {"server", "host"}});
-    makeAccount("0042", {});
+    makeAccount("", {});
+    makeAccount("0042", {{"config_label", "Work"}, {"server", "host"}});  // before "1" as a text
     AccountList list(false);
     for (int i = 0; i < 50; ++i) {
         const auto id = list.newAccount()->agentID();

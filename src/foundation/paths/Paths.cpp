@@ -34,7 +34,24 @@ std::string_view RemoveLastSlashFromPath(std::string_view path) {
     return path;
 }
 
+namespace {
+
+/// Whether an absolute path has no empty and no "." components, as nearly every one.
+bool isPlain(std::string_view path) {
+    if (!path.starts_with('/')) return false;
+    for (std::size_t slash = 0; slash != path.npos; slash = path.find('/', slash + 1)) {
+        const std::string_view rest = path.substr(slash + 1);
+        if (rest.empty() || rest == "." || rest.starts_with('/') || rest.starts_with("./")) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
 std::string StandardizePath(std::string_view path) {
+    if (isPlain(path)) return std::string(path);
     const std::string expanded = ExpandTildeInPath(path);
     std::string_view rest = expanded;
     std::string plain;
