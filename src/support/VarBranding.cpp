@@ -3,6 +3,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "config/PropertyFiles.h"
+#include "config/UpdateSettings.h"
 #include "foundation/system/Log.h"
 #include "support/ApplicationNames.h"
 #include "support/BrandingInfo.h"
@@ -18,9 +19,10 @@ std::shared_ptr<orv_VarBranding>& sharedBrand() {
 }
 
 void storeWebServer(const std::string& name) {
-    const std::string path = GetConfigurationPath(files::serverInfo);
-    if (ChangePropertiesInFile(path, {{"web_server", name}})) return;
-    quelm::LogWarning(path + " cannot be written, so the brand's web server is not used.");
+    orvUpdateSettings settings = orvUpdateSettings::settings();
+    settings.setWebServerName(name);
+    if (settings.store()) return;
+    quelm::LogWarning("The brand's web server cannot be stored, so it is not used.");
 }
 
 }  // namespace

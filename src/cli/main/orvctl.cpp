@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "config/AgentSettingsHooks.h"
 #include "foundation/system/ApplicationBundle.h"
 #include "foundation/system/Log.h"
 #include "platform/linux/LinuxServices.h"
+#include "support/VarBranding.h"
 
 // The composition root of orvctl.
 int main(int argc, char** argv) {
@@ -24,6 +26,7 @@ int main(int argc, char** argv) {
         platform::Services& services = platform::ProcessServices();
         services = platform::MakeLinuxServices(reporter);
         platform::AddEventServices(services, reporter);
+        orv::ProcessAgentSettingsHooks().brand = orv::BrandText;
         const auto code = orv::cli::RunCommandLine(words, std::cout, std::cerr);
         platform::EndProcessServices();
         std::cout.flush();
