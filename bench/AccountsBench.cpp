@@ -26,10 +26,10 @@ class Accounts {
         for (int i = 2; i < accounts + 1; ++i) {
             folders_.push_back(folder_.makeFolder(base + "/account_" + std::to_string(i)));
             const std::string id = std::to_string(i);
-            orv::StorePropertiesToFile(folders_.back() + "/" + recordFiles[0],
-                                       quelm::Dictionary{{"user_id", "u" + id},
-                                                         {"team_name", "Team " + id},
-                                                         {"two_way_sync", false}});
+            orv::StorePropertiesToFile(
+                folders_.back() + "/" + recordFiles[0],
+                quelm::Dictionary{
+                    {"user_id", "u" + id}, {"team_name", "Team " + id}, {"two_way_sync", false}});
             orv::StoreArrayToFile(folders_.back() + "/" + recordFiles[1],
                                   quelm::Array{quelm::Array{"/home/" + id, true}});
             orv::StorePropertiesToFile(folders_.back() + "/" + recordFiles[2],

@@ -67,12 +67,15 @@ struct Command {
     ExitCode (*run)(const Arguments& arguments, Console& console);
     /// Its own options, each with a value, "--name --count".
     std::string_view options = {};
-    /// Whether it talks to panel and agent: for the others no bus is opened, or missed.
+    /// Whether it talks to panel and agent; for the others no bus is opened, or missed.
     bool usesBus = false;
 };
 
 /// All commands, in the order in which the help shows them.
 [[nodiscard]] std::span<const Command> AllCommands();
+
+/// Whether the command line's command talks to panel and agent.
+[[nodiscard]] bool UsesBus(const std::vector<std::string>& words);
 
 /// Runs a command line without its program name: "[--account ID] [--json] COMMAND ...".
 [[nodiscard]] ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out,

@@ -8,7 +8,6 @@
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "config/ProductVersion.h"
-#include "platform/Services.h"
 
 namespace orv::cli {
 
@@ -75,7 +74,6 @@ ExitCode runCommand(const Invocation& invocation, std::ostream& out, std::ostrea
         return usageError(err, FormatLocalizedString("Cli.CommandUsage", "usage: orvctl %@ %@",
                                                      {command->name, command->parameters}));
     }
-    if (!command->usesBus) platform::ProcessServices().notifications.reset();
     Console console{out, err, invocation.json};
     return command->run(arguments, console);
 }
@@ -93,6 +91,14 @@ std::vector<std::string> Arguments::values(std::string_view option) const {
 std::optional<std::string> Arguments::value(std::string_view option) const {
     const auto all = values(option);
     return all.empty() ? std::nullopt : std::optional(all.back());
+}
+
+bool UsesBus(const std::vector<std::string>& words) {
+    Invocation invocation;
+    std::size_t used = 0;
+    const bool wrong = ParseInvocation(words, invocation).has_value();
+    const Command* command = wrong ? nullptr : findCommand(invocation.words, used);
+    return command && command->usesBus;
 }
 
 ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out,

@@ -24,10 +24,10 @@ TEST(AccountCommands, ListTheAccountsInTheirOrder) {
     const auto rows = nlohmann::json::parse(out.str());
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(rows[0]["agentId"], "1");
-    EXPECT_EQ(rows[1], nlohmann::json({{"agentId", "9"},
-                                       {"path", base + "/account_9"},
-                                       {"valid", true},
-                                       {"label", "Work"}}));
+    EXPECT_EQ(
+        rows[1],
+        nlohmann::json(
+            {{"agentId", "9"}, {"path", base + "/account_9"}, {"valid", true}, {"label", "Work"}}));
     EXPECT_EQ(err.str(), "");
     orv::ClearConfigBasePath();
 }

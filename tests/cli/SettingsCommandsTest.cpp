@@ -114,7 +114,7 @@ TEST_F(SettingsCommands, TakeOnlyValuesOfTheKeysType) {
         EXPECT_EQ(stored(), (Dictionary{{"a", 1}}));
     }
     EXPECT_TRUE(center_->posted().empty());
-    EXPECT_EQ(run({"settings", "get", "trace"}), ExitCode::Usage);  // gives the bus up
+    EXPECT_EQ(run({"settings", "get", "trace"}), ExitCode::Usage);
     EXPECT_EQ(run({"settings", "set", "badge_handled_file_extension", "doc,,xls"}), ExitCode::Done);
     EXPECT_EQ(run({"settings", "get", "badge_handled_file_extension"}), ExitCode::Done);
     EXPECT_EQ(out_.str(), "[\"doc\",\"\",\"xls\"]\n");

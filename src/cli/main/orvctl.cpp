@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
         };
         platform::Services& services = platform::ProcessServices();
         services = platform::MakeLinuxServices(reporter);
-        platform::AddEventServices(services, reporter);
+        if (orv::cli::UsesBus(words)) platform::AddEventServices(services, reporter);
         orv::ProcessAgentSettingsHooks().brand = orv::BrandText;
         const auto code = orv::cli::RunCommandLine(words, std::cout, std::cerr);
         platform::EndProcessServices();
