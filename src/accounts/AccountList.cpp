@@ -39,7 +39,7 @@ std::vector<std::string> accountFoldersIn(const std::string& folder) {
          entry.increment(error)) {
         const std::string name = entry->path().filename().string();
         if (name.starts_with(accountPrefix) && isFolder(entry->path().string())) {
-            found.push_back(folder + "/" + name);
+            found.push_back(std::string(folder).append("/").append(name));
         }
     }
     std::sort(found.begin(), found.end());
