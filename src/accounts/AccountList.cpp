@@ -9,6 +9,7 @@
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
+#include "foundation/files/Existence.h"
 
 namespace orv {
 
@@ -16,13 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view accountPrefix = "account_";
 constexpr int mostAccounts = 10'000;
-
-bool isFolder(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
-}
 
 /// As a number is read from the beginning of a text; 0 without one.
 int numberOf(const std::string& agentId) {
@@ -38,7 +33,7 @@ std::vector<std::string> accountFoldersIn(const std::string& folder) {
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         const std::string name = entry->path().filename().string();
-        if (name.starts_with(accountPrefix) && isFolder(entry->path().string())) {
+        if (name.starts_with(accountFolderPrefix) && quelm::IsFolder(entry->path().string())) {
             found.push_back(std::string(folder).append("/").append(name));
         }
     }
@@ -94,7 +89,7 @@ void AccountList::processPath(const std::string& folder) {
         std::any_of(_accountsList.begin(), _accountsList.end(),
                     [&](const auto& account) { return account->accountFolderPath() == folder; });
     if (known) return;
-    _accountsList.push_back(std::make_unique<Account>(folder, isFolder(folder)));
+    _accountsList.push_back(std::make_unique<Account>(folder, quelm::IsFolder(folder)));
     orderByAgentID();
 }
 
@@ -157,7 +152,7 @@ std::string AccountList::defaultConfigFilename() {
 }
 
 std::string AccountList::pathForAgentID(std::string_view agentId) {
-    return defaultConfigPath() + "/" + std::string(accountPrefix) + std::string(agentId);
+    return defaultConfigPath() + "/" + std::string(accountFolderPrefix) + std::string(agentId);
 }
 
 orvAgentSettings& AccountList::defaultConfig() {

@@ -1,9 +1,9 @@
 #include "accounts/ScriptRoutines.h"
 
 #include <atomic>
-#include <filesystem>
 #include <memory>
 
+#include "foundation/files/Existence.h"
 #include "foundation/system/Log.h"
 #include "foundation/threads/DetachedThread.h"
 
@@ -11,8 +11,7 @@ namespace orv {
 
 std::optional<quelm::Value> ExecuteApplescript(const std::string& path, const std::string& routine,
                                                const quelm::Array&) {
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored)) {
+    if (!quelm::Exists(path)) {
         quelm::LogError("ExecuteApplescript: " + path + " not found");
         return std::nullopt;
     }

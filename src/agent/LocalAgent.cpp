@@ -1,7 +1,6 @@
 #include "agent/LocalAgent.h"
 
 #include <chrono>
-#include <filesystem>
 #include <fmt/format.h>
 #include <utility>
 
@@ -11,6 +10,7 @@
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "foundation/files/Existence.h"
 #include "foundation/system/Log.h"
 
 namespace orv {
@@ -100,8 +100,7 @@ void LocalAgent::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId)
 /// What cannot be read leaves the settings as they were.
 void LocalAgent::loadSettings() {
     const std::string path = GetConfigurationPath(files::userInfo);
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored)) return;
+    if (!quelm::Exists(path)) return;
     const auto loaded = LoadPropertiesFromFile(path);
     if (const auto* dictionary = loaded ? loaded->asDictionary() : nullptr) settings_ = *dictionary;
 }

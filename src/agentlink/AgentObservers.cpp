@@ -11,20 +11,13 @@ namespace orv {
 
 using quelm::Dictionary;
 
-/// The record's inside, for this file.
-class AgentObserverAccess {
- public:
-    static auto& observations(AgentObserverRecord& record) { return record.observations_; }
-};
-
 namespace {
 
 void observe(AgentObserverRecord& record, const char* name,
              platform::DistributedNotificationCenter::Handler handler) {
     const auto& center = platform::ProcessServices().notifications;
     if (!center) return;
-    AgentObserverAccess::observations(record).push_back(
-        center->observe(name, NotificationObjectId(), std::move(handler)));
+    record.keep(center->observe(name, NotificationObjectId(), std::move(handler)));
 }
 
 AgentId agentIdOf(const Dictionary& payload) {
@@ -45,7 +38,7 @@ std::int64_t now() {
 }  // namespace
 
 void RemoveAgentObserver(AgentObserverRecord& record) {
-    AgentObserverAccess::observations(record).clear();
+    record.clear();
 }
 
 void ObserveAgentSettings(AgentObserverRecord& record, AgentSettingsHandler handler) {

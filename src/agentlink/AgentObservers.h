@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "agentlink/AgentNotifications.h"
@@ -22,10 +23,14 @@ class AgentObserverRecord {
     AgentObserverRecord(const AgentObserverRecord&) = delete;
     AgentObserverRecord& operator=(const AgentObserverRecord&) = delete;
 
+    using Observation = platform::DistributedNotificationCenter::Observation;
+    void keep(std::unique_ptr<Observation> observation) {
+        observations_.push_back(std::move(observation));
+    }
+    void clear() { observations_.clear(); }
+
  private:
-    friend class AgentObserverAccess;
-    std::vector<std::unique_ptr<platform::DistributedNotificationCenter::Observation>>
-        observations_;
+    std::vector<std::unique_ptr<Observation>> observations_;
 };
 
 /// Removes the record's registrations for every notification.

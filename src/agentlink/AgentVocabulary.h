@@ -218,44 +218,11 @@ inline constexpr const char* projectImportStart = "project_import_start";
 inline constexpr const char* requestRelaunchStop = "request_relaunch_stop";
 inline constexpr const char* requestRelaunchStart = "request_relaunch_start";
 
-inline constexpr std::array fromAgent = {scanActivity,
-                                         shareStatistics,
-                                         requestDisconnect,
-                                         restoreProgress,
-                                         storeStatus,
-                                         storeFileStart,
-                                         storeFileEnd,
-                                         storeProgress,
-                                         speedStatus,
-                                         progressInfoUpdate,
-                                         storageFolders,
-                                         storageQuota,
-                                         storageWindow,
-                                         preferencesSelectTab,
-                                         routingNetworkAdapter,
-                                         reloadBandwidth,
-                                         syncProgress,
-                                         syncCacheStatus,
-                                         syncQuotaStatus,
-                                         resetShowDialogSuccess,
-                                         projectImportResponse,
-                                         lanInfo,
-                                         projectsPolicyChanged,
-                                         serverResponse,
-                                         syncResponse,
-                                         syncError,
-                                         syncItem,
-                                         permissionsViolations,
-                                         syncProjectQuota,
-                                         syncStatus,
-                                         startLogging};
-
-inline constexpr std::array toAgent = {
-    syncRequest,          showMessage,           requestConnect,
-    requestDisconnect,    requestStorageFolders, storeShowStatus,
-    restoreShowStatus,    resetShowDialog,       lanInfo,
-    routingBackupAllowed, projectImportStart,    requestRelaunchStop,
-    requestRelaunchStart};
+/// Those that only an agent does something with.
+inline constexpr std::array forAgentsOnly = {
+    syncRequest,        showMessage,         requestConnect,      requestStorageFolders,
+    storeShowStatus,    restoreShowStatus,   resetShowDialog,     routingBackupAllowed,
+    projectImportStart, requestRelaunchStop, requestRelaunchStart};
 
 }  // namespace events
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <span>
@@ -74,11 +75,9 @@ struct Command {
 /// All commands, in the order in which the help shows them.
 [[nodiscard]] std::span<const Command> AllCommands();
 
-/// Whether the command line's command talks to panel and agent.
-[[nodiscard]] bool UsesBus(const std::vector<std::string>& words);
-
 /// Runs a command line without its program name: "[--account ID] [--json] COMMAND ...".
+/// `openBus` is called before a command that uses it.
 [[nodiscard]] ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out,
-                                      std::ostream& err);
+                                      std::ostream& err, const std::function<void()>& openBus = {});
 
 }  // namespace orv::cli

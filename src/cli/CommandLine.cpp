@@ -61,7 +61,8 @@ bool fits(const Command& command, const Arguments& arguments) {
                        });
 }
 
-ExitCode runCommand(const Invocation& invocation, std::ostream& out, std::ostream& err) {
+ExitCode runCommand(const Invocation& invocation, std::ostream& out, std::ostream& err,
+                    const std::function<void()>& openBus) {
     std::size_t used = 0;
     const Command* command = findCommand(invocation.words, used);
     if (command == nullptr) {
@@ -74,6 +75,7 @@ ExitCode runCommand(const Invocation& invocation, std::ostream& out, std::ostrea
         return usageError(err, FormatLocalizedString("Cli.CommandUsage", "usage: orvctl %@ %@",
                                                      {command->name, command->parameters}));
     }
+    if (command->usesBus && openBus) openBus();
     Console console{out, err, invocation.json};
     return command->run(arguments, console);
 }
@@ -93,16 +95,8 @@ std::optional<std::string> Arguments::value(std::string_view option) const {
     return all.empty() ? std::nullopt : std::optional(all.back());
 }
 
-bool UsesBus(const std::vector<std::string>& words) {
-    Invocation invocation;
-    std::size_t used = 0;
-    const bool wrong = ParseInvocation(words, invocation).has_value();
-    const Command* command = wrong ? nullptr : findCommand(invocation.words, used);
-    return command && command->usesBus;
-}
-
-ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out,
-                        std::ostream& err) {
+ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+                        const std::function<void()>& openBus) {
     Invocation invocation;
     if (const auto error = ParseInvocation(words, invocation)) return usageError(err, *error);
     if (invocation.version) {
@@ -118,7 +112,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out
                                                      {*invocation.account}));
     }
     if (invocation.account) AgentID = *invocation.account;
-    return runCommand(invocation, out, err);
+    return runCommand(invocation, out, err, openBus);
 }
 
 }  // namespace orv::cli

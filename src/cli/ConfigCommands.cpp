@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/ValueText.h"
 #include "config/ConfigurationPath.h"
 #include "foundation/propertylist/PropertyList.h"
@@ -23,10 +24,9 @@ ExitCode ShowConfigFile(const Arguments& arguments, Console& console) {
     const std::string path = isPath ? name : GetConfigurationPath(name.c_str());
     const auto list = quelm::ReadPropertyListFile(path);
     if (!list.value) {
-        fmt::print(console.err, "orvctl: {}\n",
-                   quelm::FormatLocalizedString("Cli.UnreadableFile",
-                                                "%@ cannot be shown: %@. It was left as it is.",
-                                                {path, list.error}));
+        Say(console, quelm::FormatLocalizedString("Cli.UnreadableFile",
+                                                  "%@ cannot be shown: %@. It was left as it is.",
+                                                  {path, list.error}));
         return ExitCode::Failed;
     }
     if (console.json) {

@@ -11,6 +11,7 @@
 #include "agentlink/AgentNotifications.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/ValueText.h"
 #include "config/PropertyAccess.h"
 #include "foundation/system/LocalizedString.h"
@@ -88,8 +89,7 @@ std::optional<std::uint64_t> countOf(const Arguments& arguments) {
 ExitCode PrintEvents(const Arguments& arguments, Console& console) {
     const auto count = countOf(arguments);
     if (!count) {
-        fmt::print(console.err, "orvctl: {}\n",
-                   quelm::GetLocalizedString("Link.BadCount", "--count takes a number above 0"));
+        Say(console, quelm::GetLocalizedString("Link.BadCount", "--count takes a number above 0"));
         return ExitCode::Usage;
     }
     const auto& services = platform::ProcessServices();
@@ -97,10 +97,10 @@ ExitCode PrintEvents(const Arguments& arguments, Console& console) {
     if (services.notifications) printer.observe(*services.notifications);
     if (!services.notifications || !services.runLoop ||
         !services.notifications->waitUntilListening(patience)) {
-        fmt::print(console.err, "orvctl: {}\n",
-                   quelm::GetLocalizedString("Link.NothingToHear",
-                                             "No session bus answers, so there is nothing to hear. "
-                                             "Is DBUS_SESSION_BUS_ADDRESS set?"));
+        Say(console,
+            quelm::GetLocalizedString("Link.NothingToHear",
+                                      "No session bus answers, so there is nothing to hear. "
+                                      "Is DBUS_SESSION_BUS_ADDRESS set?"));
         return ExitCode::NoAgent;
     }
     printer.printLine(Dictionary{{"ready", true}});

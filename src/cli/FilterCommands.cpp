@@ -9,6 +9,7 @@
 #include "accounts/filters/FilterSettings.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/SettingsChange.h"
 #include "config/ConfigurationPath.h"
 #include "foundation/system/LocalizedString.h"
@@ -23,11 +24,6 @@ using quelm::GetLocalizedString;
 
 /// The word for all files, beside the categories.
 constexpr std::string_view everything = "all";
-
-ExitCode fail(Console& console, ExitCode code, const std::string& message) {
-    fmt::print(console.err, "orvctl: {}\n", message);
-    return code;
-}
 
 orv_FilterSettings loadSettings() {
     orv_FilterSettings settings(GetConfigurationPath());
@@ -66,7 +62,9 @@ void printSettings(std::ostream& out, const orv_FilterSettings& settings) {
         fmt::print(out, "{}: {}\n", category.name, onOrOff(on));
     }
     const auto printList = [&out](const std::string& label, const std::vector<std::string>& list) {
-        fmt::print(out, "{}: {}\n", label, fmt::join(list, ", "));
+        const std::string none = GetLocalizedString("Filters.None", "none");
+        fmt::print(out, "{}: {}\n", label,
+                   list.empty() ? none : fmt::format("{}", fmt::join(list, ", ")));
     };
     printList(GetLocalizedString("Filters.Include", "also included"), settings.includeFilters());
     printList(GetLocalizedString("Filters.Exclude", "excluded"), settings.excludeFilters());
@@ -139,7 +137,7 @@ bool storeAndCheck(const orv_FilterSettings& settings) {
 /// Stores the changed settings, shows them with --json, and tells the agent.
 ExitCode finishChange(const orv_FilterSettings& settings, std::uint32_t hint, Console& console) {
     if (!storeAndCheck(settings)) {
-        return fail(console, ExitCode::Failed,
+        return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Filters.NotStored",
                                           "The filters could not be stored in %@. See whether the "
                                           "folder is there and can be written, and the disk is "
@@ -155,7 +153,7 @@ ExitCode finishChange(const orv_FilterSettings& settings, std::uint32_t hint, Co
 ExitCode nothingToDo(const orv_FilterSettings& settings, Console& console,
                      const std::string& message) {
     if (console.json) printJson(console, asJson(settings));
-    return fail(console, ExitCode::Done, message);
+    return Fail(console, ExitCode::Done, message);
 }
 
 bool contains(const std::vector<std::string>& list, const std::string& text) {
@@ -200,7 +198,7 @@ ExitCode MatchFilters(const Arguments& arguments, Console& console) {
 ExitCode AddExcludeFilter(const Arguments& arguments, Console& console) {
     const std::string& pattern = arguments[0];
     if (pattern.empty()) {
-        return fail(console, ExitCode::Usage,
+        return Fail(console, ExitCode::Usage,
                     GetLocalizedString("Filters.EmptyPattern",
                                        "An empty pattern would exclude every file. Say \"*\" if "
                                        "that is meant."));
@@ -212,7 +210,7 @@ ExitCode AddExcludeFilter(const Arguments& arguments, Console& console) {
             FormatLocalizedString("Filters.AlreadyExcluded", "%@ is excluded already", {pattern}));
     }
     if (!settings.addExcludeFilter(pattern)) {
-        return fail(console, ExitCode::Failed,
+        return Fail(console, ExitCode::Failed,
                     GetLocalizedString("Filters.BadPattern",
                                        "The pattern cannot be stored: it is not UTF-8 or holds "
                                        "control characters. Say \"?\" for each such byte."));
@@ -224,7 +222,7 @@ ExitCode RemoveExcludeFilter(const Arguments& arguments, Console& console) {
     const std::string& pattern = arguments[0];
     auto settings = loadSettings();
     if (!contains(settings.excludeFilters(), pattern)) {
-        return fail(console, ExitCode::Failed,
+        return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Filters.NotExcluded",
                                           "%@ is not among the excluded patterns. See orvctl "
                                           "filters show.",
@@ -238,7 +236,7 @@ ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
     const std::string& name = arguments[0];
     const bool on = arguments[1] == "on";
     if (!on && arguments[1] != "off") {
-        return fail(
+        return Fail(
             console, ExitCode::Usage,
             FormatLocalizedString("Filters.BadSwitch", "%@ is neither on nor off", {arguments[1]}));
     }
@@ -248,13 +246,12 @@ ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
     } else if (IsFilterCategory(name)) {
         settings.setPredefIncludeFilter(name, on);
         if (on && settings.includeAllFiles()) {
-            fmt::print(console.err, "orvctl: {}\n",
-                       GetLocalizedString("Filters.AllStillOn",
-                                          "All files are backed up until orvctl filters category "
-                                          "all off."));
+            Say(console, GetLocalizedString("Filters.AllStillOn",
+                                            "All files are backed up until orvctl filters category "
+                                            "all off."));
         }
     } else {
-        return fail(console, ExitCode::Usage,
+        return Fail(console, ExitCode::Usage,
                     FormatLocalizedString("Filters.BadCategory", "%@ is no category. There are: %@",
                                           {name, namesOfCategories()}));
     }

@@ -9,6 +9,7 @@
 #include "agentlink/AgentPresence.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/SettingsChange.h"
 #include "config/AccountId.h"
 #include "foundation/system/LocalizedString.h"
@@ -22,11 +23,6 @@ using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
 constexpr std::chrono::seconds patience(2);
-
-ExitCode fail(Console& console, ExitCode code, const std::string& message) {
-    fmt::print(console.err, "orvctl: {}\n", message);
-    return code;
-}
 
 /// --agent, else the account of this command line.
 std::string agentOf(const Arguments& arguments) {
@@ -44,20 +40,22 @@ template <class Post>
 ExitCode send(const Arguments& arguments, Console& console, Post post) {
     const std::string agent = agentOf(arguments);
     if (!IsAccountId(agent)) {
-        return fail(console, ExitCode::Usage,
+        return Fail(console, ExitCode::Usage,
                     FormatLocalizedString("Cli.BadAccount", "%@ is no account's id", {agent}));
     }
     auto* const bus = connectedBus();
     if (!bus) {
-        return fail(console, ExitCode::NoAgent,
+        return Fail(console, ExitCode::NoAgent,
                     GetLocalizedString("Link.NoBus",
                                        "No session bus answers, so nothing was sent. Is "
                                        "DBUS_SESSION_BUS_ADDRESS set?"));
     }
     post(agent);
     if (!EndAgentEvents(patience)) {
-        return fail(console, ExitCode::Failed,
-                    GetLocalizedString("Link.NotSent", "The session bus took nothing in time."));
+        return Fail(console, ExitCode::Failed,
+                    GetLocalizedString("Link.NotSent",
+                                       "The session bus is too busy and did not take it. Try "
+                                       "again."));
     }
     return ExitCode::Done;
 }
@@ -73,16 +71,13 @@ bool parseNumber(std::string_view text, Number& number) {
 }
 
 ExitCode badNumber(Console& console, const std::string& text) {
-    return fail(console, ExitCode::Usage,
+    return Fail(console, ExitCode::Usage,
                 FormatLocalizedString("Link.BadNumber", "%@ is no number of 32 bits", {text}));
 }
 
 /// Whether only an agent does something with the event.
 bool isForAgents(const std::string& event) {
-    const auto has = [&event](const auto& names) {
-        return std::find(names.begin(), names.end(), event) != names.end();
-    };
-    return has(events::toAgent) && !has(events::fromAgent);
+    return std::ranges::find(events::forAgentsOnly, event) != events::forAgentsOnly.end();
 }
 
 }  // namespace
@@ -93,7 +88,7 @@ ExitCode SendEvent(const Arguments& arguments, Console& console) {
         const std::string& pair = arguments[i];
         const auto equals = pair.find('=');
         if (equals == 0 || equals == pair.npos) {
-            return fail(console, ExitCode::Usage,
+            return Fail(console, ExitCode::Usage,
                         FormatLocalizedString("Link.BadPair", "%@ is not KEY=VALUE", {pair}));
         }
         payload.set(pair.substr(0, equals), pair.substr(equals + 1));
@@ -106,7 +101,7 @@ ExitCode SendEvent(const Arguments& arguments, Console& console) {
         QueueAgentEvent(agent, event, payload);
     });
     if (code != ExitCode::Done || !nobody) return code;
-    return fail(console, ExitCode::NoAgent,
+    return Fail(console, ExitCode::NoAgent,
                 FormatLocalizedString("Link.NoAgent",
                                       "The event was sent, but no agent of account %@ is known on "
                                       "the session bus. Start it with orvAgent %@.",

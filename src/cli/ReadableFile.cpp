@@ -6,6 +6,7 @@
 #include <ostream>
 #include <sys/stat.h>
 
+#include "cli/Complaint.h"
 #include "foundation/propertylist/PropertyList.h"
 #include "foundation/system/LocalizedString.h"
 
@@ -17,11 +18,10 @@ bool IsAbsentOrReadable(const std::string& path, Console& console) {
     if (isThere ? info.st_size == 0 : errno == ENOENT) return true;
     const auto list = quelm::ReadPropertyListFile(path);
     if (list.value) return true;
-    fmt::print(console.err, "orvctl: {}\n",
-               quelm::FormatLocalizedString(
-                   "Cli.DamagedFile",
-                   "%@ cannot be read: %@. It was left as it is; move it away to begin anew.",
-                   {path, list.error}));
+    Say(console, quelm::FormatLocalizedString(
+                     "Cli.DamagedFile",
+                     "%@ cannot be read: %@. It was left as it is; move it away to begin anew.",
+                     {path, list.error}));
     return false;
 }
 

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <ostream>
@@ -8,9 +7,11 @@
 #include "accounts/StorageFoldersInfo.h"
 #include "accounts/StorageQuotaInfo.h"
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/ValueText.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
+#include "foundation/files/Existence.h"
 #include "foundation/system/LocalizedString.h"
 #include "platform/Services.h"
 #include "support/VarBranding.h"
@@ -25,13 +26,8 @@ using quelm::Dictionary;
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
-bool exists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(path, ignored);
-}
-
 std::string statusOf(const orv_StorageFolderStatus& folder) {
-    return FolderStatusText({.exists = exists(folder.path()),
+    return FolderStatusText({.exists = quelm::Exists(folder.path()),
                              .offline = IsPathOffline(folder.path()),
                              .record = &folder});
 }
@@ -81,12 +77,12 @@ void printStorage(std::ostream& out, const orv_StorageFoldersInfo& folders,
 template <class Info>
 bool loadIfPresent(Info& info, const char* name, Console& console) {
     const std::string path = GetConfigurationPath(name);
-    if (!exists(path) || info.loadAtPath(path)) return true;
-    fmt::print(console.err, "orvctl: {}\n",
-               FormatLocalizedString("Storage.Unreadable",
-                                     "%@ cannot be read. The agent writes it anew when it reports "
-                                     "its state: see orvctl notify report.",
-                                     {path}));
+    if (!quelm::Exists(path) || info.loadAtPath(path)) return true;
+    Say(console,
+        FormatLocalizedString("Storage.Unreadable",
+                              "%@ cannot be read. The agent writes it anew when it reports "
+                              "its state: see orvctl notify report.",
+                              {path}));
     return false;
 }
 

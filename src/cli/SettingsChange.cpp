@@ -7,6 +7,7 @@
 
 #include "agentlink/AgentEventQueue.h"
 #include "agentlink/AgentNotifications.h"
+#include "cli/Complaint.h"
 #include "config/ConfigurationPath.h"
 #include "foundation/system/LocalizedString.h"
 #include "platform/Services.h"
@@ -25,10 +26,9 @@ void AnnounceSettingsChange(std::uint32_t hint, Console& console) {
         NotifyAgentSettingsChanged(AccountOfCommandLine(), hint);
         if (EndAgentEvents(patience)) return;
     }
-    fmt::print(console.err, "orvctl: {}\n",
-               quelm::GetLocalizedString("Cli.NotAnnounced",
-                                         "The change is stored, but no session bus took the news "
-                                         "of it: a running agent learns of it at its next start."));
+    Say(console, quelm::GetLocalizedString("Cli.NotAnnounced",
+                                           "The change is stored, but no session bus answers: a "
+                                           "running agent learns of it at its next start."));
 }
 
 }  // namespace orv::cli

@@ -6,6 +6,7 @@
 
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/ReadableFile.h"
 #include "cli/SettingText.h"
 #include "cli/SettingsChange.h"
@@ -22,11 +23,6 @@ namespace {
 
 using quelm::FormatLocalizedString;
 
-ExitCode fail(Console& console, ExitCode code, const std::string& message) {
-    fmt::print(console.err, "orvctl: {}\n", message);
-    return code;
-}
-
 /// None, after a message, when there is a record that cannot be read.
 std::optional<orvAgentSettings> loadRecord(Console& console) {
     const std::string folder = GetConfigurationPath();
@@ -39,20 +35,20 @@ std::optional<orvAgentSettings> loadRecord(Console& console) {
 ExitCode unknownKey(Console& console, const std::string& key) {
     std::vector<std::string_view> keys;
     std::ranges::transform(AllAgentSettings(), std::back_inserter(keys), KeyOf);
-    return fail(
+    return Fail(
         console, ExitCode::Usage,
         FormatLocalizedString("Settings.UnknownKey", "%@ is no setting. The nearest one is %@.",
                               {key, NearestWord(key, keys)}));
 }
 
 ExitCode wrongType(Console& console, const AgentSetting& setting, const std::string& text) {
-    return fail(console, ExitCode::Usage,
+    return Fail(console, ExitCode::Usage,
                 FormatLocalizedString("Settings.WrongType", "%@ is no value for %@: its type is %@",
                                       {text, KeyOf(setting), TypeNameOf(setting)}));
 }
 
 ExitCode readOnly(Console& console, const AgentSetting& setting) {
-    return fail(console, ExitCode::Failed,
+    return Fail(console, ExitCode::Failed,
                 FormatLocalizedString("Settings.ReadOnly",
                                       "%@ is written by the agent and the server alone and was "
                                       "left as it is.",
@@ -107,7 +103,7 @@ ExitCode SetSetting(const Arguments& arguments, Console& console) {
     if (!record) return ExitCode::Failed;
     if (!record->setValue(*setting, *value)) return wrongType(console, *setting, arguments[1]);
     if (!record->store()) {
-        return fail(console, ExitCode::Failed,
+        return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Settings.NotStored",
                                           "%@ cannot be written and was left as it is. Is its "
                                           "folder there, and is there room on the disk?",

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "cli/Commands.h"
+#include "cli/Complaint.h"
 #include "cli/ValueText.h"
 #include "foundation/paths/ParsedPath.h"
 #include "foundation/paths/PathClassification.h"
@@ -33,10 +34,9 @@ unsigned volumeTypeOf(const std::filesystem::path& path) {
 ExitCode ShowHardwareId(const Arguments&, Console& console) {
     std::string id;
     if (!quelm::GetHardwareId(id)) {
-        fmt::print(console.err, "orvctl: {}\n",
-                   quelm::GetLocalizedString(
-                       "Cli.NoHardwareId",
-                       "This computer has no physical network interface to be identified by."));
+        Say(console, quelm::GetLocalizedString(
+                         "Cli.NoHardwareId",
+                         "This computer has no physical network interface to be identified by."));
         return ExitCode::Failed;
     }
     fmt::print(console.out, "{}\n", console.json ? ValueAsJson(id) : id);
@@ -47,7 +47,7 @@ ExitCode ClassifyPath(const Arguments& arguments, Console& console) {
     std::error_code error;
     const std::string path = std::filesystem::absolute(arguments[0], error).string();
     if (error) {
-        fmt::print(console.err, "orvctl: {}: {}\n", arguments[0], error.message());
+        Say(console, arguments[0] + ": " + error.message());
         return ExitCode::Failed;
     }
     const quelm::Value result = quelm::Dictionary{

@@ -21,10 +21,9 @@ bool IsSameAccount(std::string_view id, std::string_view other) {
 }
 
 std::string extractAgentID(std::string_view path) {
-    constexpr std::string_view mark = "account_";
-    const auto found = path.find(mark);
+    const auto found = path.find(accountFolderPrefix);
     if (found == path.npos) return "1";
-    const std::string_view rest = path.substr(found + mark.size());
+    const std::string_view rest = path.substr(found + accountFolderPrefix.size());
     return std::string(rest.substr(0, rest.find('/')));
 }
 

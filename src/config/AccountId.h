@@ -15,6 +15,9 @@ namespace orv {
 /// Whether both mean the same account.
 [[nodiscard]] bool IsSameAccount(std::string_view id, std::string_view other);
 
+/// Begins the name of a further account's folder; its id follows.
+inline constexpr std::string_view accountFolderPrefix = "account_";
+
 /// The id that a path names: what follows "account_" in the first component that contains it, "1"
 /// where none does.
 [[nodiscard]] std::string extractAgentID(std::string_view path);

@@ -3,6 +3,7 @@
 #include "config/AgentSettings.h"
 #include "config/KeychainInteraction.h"
 #include "config/KeychainPasswords.h"
+#include "foundation/files/Existence.h"
 #include "foundation/system/Log.h"
 #include "foundation/texts/Utf8.h"
 
@@ -11,11 +12,6 @@
 namespace orv {
 
 namespace {
-
-bool exists(const std::optional<std::string>& path) {
-    struct stat info = {};
-    return path && stat(path->c_str(), &info) == 0;
-}
 
 bool readUnasked(const std::string& label, const std::string& account, std::string& key) {
     const KeychainInteractionOff off;
@@ -30,7 +26,8 @@ bool storeUnasked(const std::string& label, const std::string& account, const st
 }  // namespace
 
 bool orvAgentSettings::needSetup() const {
-    return !exists(_settingsPath) || rcid().empty() || readAuthenticationKey().value_or("").empty();
+    return !_settingsPath || !quelm::Exists(*_settingsPath) || rcid().empty() ||
+           readAuthenticationKey().value_or("").empty();
 }
 
 std::optional<std::string> orvAgentSettings::readAuthenticationKey() const {

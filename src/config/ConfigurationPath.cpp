@@ -6,9 +6,11 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "config/AccountId.h"
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "foundation/files/Existence.h"
 #include "foundation/files/Filenames.h"
 #include "foundation/files/Folders.h"
 #include "foundation/paths/Paths.h"
@@ -22,14 +24,9 @@ namespace {
 
 std::string ConfigBasePath;
 
-bool exists(const std::string& path) {
-    struct stat info = {};
-    return stat(path.c_str(), &info) == 0;
-}
-
 void seedAccountFolder(const quelm::Array& accounts, std::size_t row, const std::string& label,
                        const std::string& folder) {
-    if (exists(folder + "/" + files::userInfo)) return;
+    if (quelm::Exists(folder + "/" + files::userInfo)) return;
     const auto server = GetStringPropertyForRowInArray(accounts, row, "server_address");
     const auto web = GetStringPropertyForRowInArray(accounts, row, "web_address");
     const auto update = GetStringPropertyForRowInArray(accounts, row, "update_address");
@@ -70,7 +67,8 @@ std::optional<std::string> activeAccountFolder() {
 std::string resolveBasePath() {
     std::string path =
         activeAccountFolder().value_or(quelm::ExpandTildeInPath(locations::defaultConfiguration));
-    if (!AgentID.empty() && AgentID != "1") path += "/account_" + AgentID;
+    if (!AgentID.empty() && AgentID != "1")
+        path.append("/").append(accountFolderPrefix).append(AgentID);
     return path;
 }
 

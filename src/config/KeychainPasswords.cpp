@@ -8,6 +8,7 @@
 #include "config/KeychainInteraction.h"
 #include "config/Locations.h"
 #include "foundation/system/Log.h"
+#include "foundation/texts/CaseFolding.h"
 #include "platform/Services.h"
 
 namespace orv {
@@ -39,13 +40,6 @@ constexpr auto protocols = std::to_array<Protocol>({{"https", fourCharacters("ht
 
 constexpr const char* webAccessRight = "com.corvanta.orv.webaccess";
 constexpr const char* webAccessRule = "authenticate-session-owner";
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    constexpr auto lower = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return std::ranges::equal(a, b, {}, lower, lower);
-}
 
 platform::Keychain* keychain() {
     return platform::ProcessServices().keychain.get();
@@ -136,7 +130,7 @@ bool DeleteInternetPasswordData(std::string_view scheme, const std::string& serv
 
 std::uint32_t GetInternetProtocolType(std::string_view scheme) {
     const auto found = std::ranges::find_if(protocols, [scheme](const Protocol& protocol) {
-        return equalsIgnoringCase(protocol.scheme, scheme);
+        return quelm::EqualsWithoutCase(protocol.scheme, scheme);
     });
     return found != protocols.end() ? found->code : 0;
 }

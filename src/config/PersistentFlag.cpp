@@ -7,6 +7,7 @@
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
+#include "foundation/files/Existence.h"
 #include "foundation/files/Filenames.h"
 #include "foundation/paths/Paths.h"
 #include "platform/FileDescriptor.h"
@@ -23,8 +24,7 @@ Path globalPath(const std::string& flag) {
 }
 
 bool exists(const Path& path) {
-    struct stat info = {};
-    return path && stat(path->c_str(), &info) == 0;
+    return path && quelm::Exists(*path);
 }
 
 /// A file of that name that is there already keeps what it holds.

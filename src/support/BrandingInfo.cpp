@@ -10,6 +10,7 @@
 #include "config/ProductVersion.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "foundation/files/Existence.h"
 #include "foundation/propertylist/PropertyList.h"
 #include "foundation/system/Log.h"
 
@@ -48,8 +49,7 @@ std::string valueOr(const quelm::Dictionary& info, const char* key, std::string_
 
 std::optional<quelm::Dictionary> LoadBrandingInfo() {
     const std::string path = GetConfigurationPath(files::branding);
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored)) return std::nullopt;
+    if (!quelm::Exists(path)) return std::nullopt;
     auto file = quelm::ReadPropertyListFile(path);
     const auto* const info = file.value ? file.value->asDictionary() : nullptr;
     if (info) return *info;

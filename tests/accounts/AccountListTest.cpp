@@ -6,7 +6,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
+#include "support/ProcessNotifications.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 
@@ -17,16 +17,8 @@ using quelm::Dictionary;
 
 class TheAccounts : public testing::Test {
  protected:
-    TheAccounts() {
-        auto fake = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = fake.get();
-        platform::ProcessServices().notifications = std::move(fake);
-        ClearConfigBasePath();
-    }
-    ~TheAccounts() override {
-        platform::EndProcessServices();
-        ClearConfigBasePath();
-    }
+    TheAccounts() { ClearConfigBasePath(); }
+    ~TheAccounts() override { ClearConfigBasePath(); }
 
     /// An account's folder with these settings; "" is the default one's.
     void makeAccount(const std::string& id, const Dictionary& settings) {
@@ -46,9 +38,9 @@ class TheAccounts : public testing::Test {
     }
 
     using Ids = std::vector<std::string>;
+    test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder_;
     test_support::ScopedEnvironment home_{"HOME", folder_.path()};
-    test_support::FakeNotificationCenter* center_;
 };
 
 TEST_F(TheAccounts, AreTheDefaultOneAndTheFoldersBesideItInTextOrder) {

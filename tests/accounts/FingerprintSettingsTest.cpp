@@ -4,7 +4,7 @@
 #include "foundation/propertylist/PropertyList.h"
 #include "foundation/system/Log.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
+#include "support/ProcessNotifications.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -16,18 +16,12 @@ using quelm::Dictionary;
 class FingerprintSettings : public testing::Test {
  protected:
     FingerprintSettings() {
-        auto center = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = center.get();
-        platform::ProcessServices().notifications = std::move(center);
         quelm::SetLogSink([](std::string_view) {});
     }
-    ~FingerprintSettings() override {
-        quelm::SetLogSink({});
-        platform::EndProcessServices();
-    }
+    ~FingerprintSettings() override { quelm::SetLogSink({}); }
 
+    test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder_;
-    test_support::FakeNotificationCenter* center_;
     const Array rows_ = {Dictionary{{"any", "key"}}, 3, "text"};
 };
 

@@ -8,8 +8,8 @@
 #include "foundation/system/Log.h"
 #include "platform/Services.h"
 #include "support/FakeAlerts.h"
-#include "support/FakeNotificationCenter.h"
 #include "support/FakePrinters.h"
+#include "support/ProcessNotifications.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -23,15 +23,11 @@ class PrintersSettings : public testing::Test {
  protected:
     PrintersSettings() {
         orv::SetConfigBasePath(folder_.path());
-        auto center = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = center.get();
-        platform::ProcessServices().notifications = std::move(center);
         quelm::SetLogSink([this](std::string_view line) { log_.emplace_back(line); });
         printers_.printers = {{"laser", "Laser", false}, {"ink", "Ink", true}};
     }
     ~PrintersSettings() override {
         quelm::SetLogSink({});
-        platform::EndProcessServices();
         orv::ClearConfigBasePath();
     }
 
@@ -51,9 +47,9 @@ class PrintersSettings : public testing::Test {
         return text;
     }
 
+    test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder_;
     const std::string file_ = folder_ / "printer_info.plist";
-    test_support::FakeNotificationCenter* center_;
     test_support::FakePrinters printers_;
     test_support::FakeAlerts alerts_;
     std::vector<std::string> log_;

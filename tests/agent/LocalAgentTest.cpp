@@ -7,8 +7,8 @@
 #include "config/Locations.h"
 #include "config/PropertyFiles.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
 #include "support/ManualRunLoop.h"
+#include "support/ProcessNotifications.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 
@@ -19,15 +19,9 @@ using quelm::Dictionary;
 
 class TheAgent : public testing::Test {
  protected:
-    TheAgent() {
-        auto fake = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = fake.get();
-        platform::ProcessServices().notifications = std::move(fake);
-        ClearConfigBasePath();
-    }
+    TheAgent() { ClearConfigBasePath(); }
     ~TheAgent() override {
         agent_.reset();
-        platform::EndProcessServices();
         ClearConfigBasePath();
     }
 
@@ -50,10 +44,10 @@ class TheAgent : public testing::Test {
     }
 
     using States = std::vector<std::int64_t>;
+    test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder_;
     test_support::ScopedEnvironment home_{"HOME", folder_.path()};
     test_support::ManualRunLoop loop_;
-    test_support::FakeNotificationCenter* center_;
     std::size_t seen_ = 0;
     std::int64_t since_ = 0;
     std::optional<LocalAgent> agent_;

@@ -8,8 +8,8 @@
 #include "agentlink/AgentEventQueue.h"
 #include "agentlink/AgentVocabulary.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
 #include "support/ManualRunLoop.h"
+#include "support/ProcessNotifications.h"
 
 /// A process with a fake bus.
 class LinkTest : public testing::Test {
@@ -18,19 +18,16 @@ class LinkTest : public testing::Test {
 
     LinkTest() {
         platform::ProcessServices().runLoop = std::make_unique<test_support::ManualRunLoop>();
-        beginAnew();
+        orv::BeginAgentEvents();
     }
     ~LinkTest() override {
         center_->hold(false);
         orv::EndAgentEvents(std::chrono::seconds(10));
-        platform::ProcessServices() = {};
     }
 
     /// With a bus on which nothing was posted. The queue has ended before.
     void beginAnew() {
-        auto fake = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = fake.get();
-        platform::ProcessServices().notifications = std::move(fake);
+        center_.renew();
         orv::BeginAgentEvents();
     }
     void deliver(const char* name, const quelm::Dictionary& payload) {
@@ -49,5 +46,5 @@ class LinkTest : public testing::Test {
         return payloads;
     }
 
-    test_support::FakeNotificationCenter* center_ = nullptr;
+    test_support::ProcessNotifications center_;
 };

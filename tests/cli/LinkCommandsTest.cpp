@@ -5,8 +5,8 @@
 #include "cli/Command.h"
 #include "config/ConfigurationPath.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
 #include "support/ManualRunLoop.h"
+#include "support/ProcessNotifications.h"
 
 namespace {
 
@@ -16,17 +16,13 @@ using quelm::Dictionary;
 class LinkCommands : public testing::Test {
  protected:
     LinkCommands() {
-        auto center = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = center.get();
         auto loop = std::make_unique<test_support::ManualRunLoop>();
         loop_ = loop.get();
-        platform::ProcessServices().notifications = std::move(center);
         platform::ProcessServices().runLoop = std::move(loop);
         orv::BeginAgentEvents();
     }
     ~LinkCommands() override {
         orv::EndAgentEvents(std::chrono::seconds(10));
-        platform::EndProcessServices();
         orv::AgentID.clear();
     }
 
@@ -34,7 +30,7 @@ class LinkCommands : public testing::Test {
         return orv::cli::RunCommandLine(words, out_, err_);
     }
 
-    test_support::FakeNotificationCenter* center_;
+    test_support::ProcessNotifications center_;
     test_support::ManualRunLoop* loop_;
     std::ostringstream out_, err_;
 };

@@ -9,7 +9,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
 #include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
+#include "support/ProcessNotifications.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -23,14 +23,10 @@ class SettingsCommands : public testing::Test {
  protected:
     SettingsCommands() {
         orv::SetConfigBasePath(folder.path());
-        auto center = std::make_unique<test_support::FakeNotificationCenter>();
-        center_ = center.get();
-        platform::ProcessServices().notifications = std::move(center);
         orv::BeginAgentEvents();
     }
     ~SettingsCommands() override {
         orv::EndAgentEvents(std::chrono::seconds(10));
-        platform::EndProcessServices();
         orv::ClearConfigBasePath();
         orv::AgentID.clear();
     }
@@ -47,9 +43,9 @@ class SettingsCommands : public testing::Test {
         return orv::LoadPropertiesFromFile(record);
     }
 
+    test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder;
     const std::string record = folder / "user_info.plist";
-    test_support::FakeNotificationCenter* center_;
     std::ostringstream out_, err_;
 };
 

@@ -1,7 +1,7 @@
 #include "accounts/filters/FilenameFilter.h"
 
-#include "accounts/filters/CaseFolding.h"
 #include "accounts/filters/ShellPattern.h"
+#include "foundation/texts/CaseFolding.h"
 
 namespace orv {
 
@@ -29,12 +29,14 @@ bool FilterFunctionAll(const char*, std::uint32_t, const char*, std::uint32_t) {
 bool FilterFunctionSuffix(const char* pattern, std::uint32_t patternLength, const char* name,
                           std::uint32_t nameLength) {
     return nameLength >= patternLength &&
-           EqualsWithoutCase(pattern, name + (nameLength - patternLength), patternLength);
+           quelm::EqualsWithoutCase({pattern, patternLength},
+                                    {name + (nameLength - patternLength), patternLength});
 }
 
 bool FilterFunctionPrefix(const char* pattern, std::uint32_t patternLength, const char* name,
                           std::uint32_t nameLength) {
-    return nameLength >= patternLength && EqualsWithoutCase(pattern, name, patternLength);
+    return nameLength >= patternLength &&
+           quelm::EqualsWithoutCase({pattern, patternLength}, {name, patternLength});
 }
 
 bool FilterFunctionFnmatch(const char* pattern, std::uint32_t patternLength, const char* name,

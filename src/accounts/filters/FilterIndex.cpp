@@ -5,7 +5,7 @@
 #include <cstring>
 #include <utility>
 
-#include "accounts/filters/CaseFolding.h"
+#include "foundation/texts/CaseFolding.h"
 
 namespace orv {
 
@@ -16,7 +16,7 @@ constexpr std::size_t keySize = sizeof(std::uint64_t);
 std::string folded(std::string_view text) {
     std::string copy(text);
     std::ranges::transform(copy, copy.begin(),
-                           [](char c) { return static_cast<char>(FoldCase(c)); });
+                           [](char c) { return static_cast<char>(quelm::FoldCase(c)); });
     return copy;
 }
 
@@ -106,7 +106,7 @@ std::optional<unsigned char> boundByte(const orv_FilenameFilter& filter, bool la
     // which is plain text
     const bool varies = std::string_view(last ? "*?\\]" : "*?\\[").find(byte) != std::string::npos;
     if (function == FilterFunctionFnmatch && varies) return std::nullopt;
-    return FoldCase(byte);
+    return quelm::FoldCase(byte);
 }
 
 void mark(std::array<std::uint64_t, 256>& masks, std::optional<unsigned char> byte,
@@ -147,7 +147,7 @@ std::uint32_t FilterIndex::firstOf(const Block& block,
                                    const std::vector<orv_FilenameFilter>& filters,
                                    std::string_view name, std::uint32_t before) {
     std::uint64_t candidates =
-        block.byFirst[FoldCase(name.front())] & block.byLast[FoldCase(name.back())];
+        block.byFirst[quelm::FoldCase(name.front())] & block.byLast[quelm::FoldCase(name.back())];
     for (; candidates != 0; candidates &= candidates - 1) {
         const auto number = block.numbers[static_cast<std::size_t>(std::countr_zero(candidates))];
         if (number >= before) return before;

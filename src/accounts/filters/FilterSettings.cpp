@@ -5,6 +5,7 @@
 #include "accounts/filters/FilterCategories.h"
 #include "accounts/filters/StorageExceptions.h"
 #include "config/ConfigurationPath.h"
+#include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
 #include "foundation/system/Log.h"
@@ -13,9 +14,6 @@
 namespace orv {
 
 namespace {
-
-constexpr const char* fileName = "filter_info.plist";
-constexpr const char* exceptionsFileName = "storage_exceptions.xml";
 
 template <class T>
 struct Setting {
@@ -58,7 +56,8 @@ void addAll(orv_FilterList& list, const std::vector<std::string>& patterns, EFil
 }  // namespace
 
 orv_FilterSettings::orv_FilterSettings(const std::string& folder)
-    : path(folder.empty() ? "" : folder + "/" + fileName), settings(CreateEmptyProperties()) {}
+    : path(folder.empty() ? "" : folder + "/" + files::filterInfo),
+      settings(CreateEmptyProperties()) {}
 
 bool orv_FilterSettings::load() {
     return loadFromSpecificPath(path);
@@ -172,11 +171,11 @@ orv_FilterList orv_FilterSettings::excludeFilterList() const {
 }
 
 FolderPatterns orv_FilterSettings::excludedFolderPatterns() {
-    return FolderPatterns(ReadExcludedFolders(GetConfigurationPath(exceptionsFileName)));
+    return FolderPatterns(ReadExcludedFolders(GetConfigurationPath(files::storageExceptions)));
 }
 
 std::vector<std::string> orv_FilterSettings::excludeFileTypes() {
-    return ReadExcludedFileTypes(GetConfigurationPath(exceptionsFileName));
+    return ReadExcludedFileTypes(GetConfigurationPath(files::storageExceptions));
 }
 
 }  // namespace orv

@@ -188,7 +188,9 @@ class FolderPatterns::Set {
         if (expression.timesGivenUp >= patience) return false;
         const Answer answer = match(expression.code, path);
         if (answer == Answer::GaveUp && expression.timesGivenUp++ == 0) {
-            quelm::LogWarning("too slow, and taken as not matching: " + cut(expression.text));
+            quelm::LogWarning(
+                "A pattern of storage_exceptions.xml is too slow and counts as not matching: " +
+                cut(expression.text));
         }
         return answer == Answer::Yes;
     }

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "accounts/filters/CaseFolding.h"
+#include "foundation/texts/CaseFolding.h"
 
 namespace orv {
 
@@ -98,7 +98,7 @@ class Bracket {
         if (range) ++at_;
         const auto high = range ? takeEndpoint() : low;
         if (!high) return false;
-        matched_ |= between(*low, FoldCase(byte_), *high);
+        matched_ |= between(*low, quelm::FoldCase(byte_), *high);
         return true;
     }
 
@@ -140,7 +140,7 @@ class Bracket {
         if (at('[') && at('.', 1)) return takeCollatingSymbol();
         if (at('\\')) ++at_;
         if (ended()) return std::nullopt;
-        return FoldCase(pattern_[at_++]);
+        return quelm::FoldCase(pattern_[at_++]);
     }
 
     std::optional<Byte> takeCollatingSymbol() {
@@ -168,7 +168,7 @@ Step matchByte(std::string_view pattern, std::size_t at, char byte) {
             if (++at == pattern.size()) return {false, at};
             [[fallthrough]];
         default:
-            return {FoldCase(pattern[at]) == FoldCase(byte), at + 1};
+            return {quelm::FoldCase(pattern[at]) == quelm::FoldCase(byte), at + 1};
     }
 }
 

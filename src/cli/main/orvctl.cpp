@@ -25,9 +25,9 @@ int main(int argc, char** argv) {
         };
         platform::Services& services = platform::ProcessServices();
         services = platform::MakeLinuxServices(reporter);
-        if (orv::cli::UsesBus(words)) platform::AddEventServices(services, reporter);
         orv::ProcessAgentSettingsHooks().brand = orv::BrandText;
-        const auto code = orv::cli::RunCommandLine(words, std::cout, std::cerr);
+        const auto code = orv::cli::RunCommandLine(
+            words, std::cout, std::cerr, [&] { platform::AddEventServices(services, reporter); });
         platform::EndProcessServices();
         std::cout.flush();
         return std::cout ? static_cast<int>(code) : 1;

@@ -9,6 +9,8 @@
 #include <sys/time.h>
 #include <unistd.h>
 
+#include "foundation/files/Existence.h"
+
 namespace quelm::os {
 
 namespace {
@@ -21,11 +23,6 @@ mode_t readUmask() {
 
 // read before the first thread starts: asking for the umask changes it for a moment
 const mode_t savedUmask = readUmask();
-
-bool exists(const std::string& path) {
-    struct stat info = {};
-    return lstat(path.c_str(), &info) == 0;
-}
 
 }  // namespace
 
@@ -48,7 +45,7 @@ EStatusCode AvailableDiskSpace(const std::string& path, std::uint64_t& bytes) {
 }
 
 EStatusCode RenameNoOverride(const std::string& from, const std::string& to) {
-    if (exists(to)) return EStatusCode::FILE_EXISTS_ERROR;
+    if (IsNameTaken(to)) return EStatusCode::FILE_EXISTS_ERROR;
     const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
     // file systems that cannot rename without replacing say so with EINVAL
     if (result != 0 && (errno == EINVAL || errno == ENOSYS)) {

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <utf8proc.h>
 
+#include "foundation/files/Existence.h"
 #include "foundation/files/FileIo.h"
 
 namespace quelm {
@@ -29,11 +30,6 @@ std::string randomText(std::size_t length, std::string_view alphabet) {
     for (char& c : text)
         c = alphabet[position(generator)];
     return text;
-}
-
-bool exists(const std::string& path) {
-    struct stat info = {};
-    return lstat(path.c_str(), &info) == 0;
 }
 
 }  // namespace
@@ -59,7 +55,7 @@ std::string CreateTempFilename() {
     for (int i = 0; i < attempts; ++i) {
         std::string path = "/var/tmp/";
         path += randomText(uniquePart.size(), nameAlphabet);
-        if (!exists(path)) return path;
+        if (!IsNameTaken(path)) return path;
     }
     return {};
 }

@@ -5,18 +5,12 @@
 #include <vector>
 
 #include "foundation/files/AccessListCopy.h"
+#include "foundation/files/Existence.h"
 #include "foundation/paths/Paths.h"
 
 namespace quelm::os {
 
-namespace {
-
-bool isFolder(const std::string& path) {
-    struct stat info = {};
-    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 EStatusCode CreateRootFolder(const std::string& path) {
     return StatusOfCall(mkdir(path.c_str(), 0700));
@@ -30,7 +24,7 @@ EStatusCode CreateFolder(const std::string& path) {
 
 EStatusCode RecursiveCreateFolder(const std::string& path) {
     std::vector<std::string> missing;
-    for (std::string folder = path; !isFolder(folder);) {
+    for (std::string folder = path; !IsFolder(folder);) {
         const std::string parent(RemoveLastPathComponent(folder));
         if (parent.empty() || parent == "/") return EStatusCode::INVALID_PATH;
         missing.push_back(std::move(folder));
@@ -38,7 +32,7 @@ EStatusCode RecursiveCreateFolder(const std::string& path) {
     }
     for (; !missing.empty(); missing.pop_back()) {
         // "a/" after "a" names a folder that the step before has made
-        if (isFolder(missing.back())) continue;
+        if (IsFolder(missing.back())) continue;
         const EStatusCode status = CreateFolder(missing.back());
         if (status != EStatusCode::SUCCESS) return status;
     }

@@ -6,16 +6,13 @@
 #include <string_view>
 #include <sys/stat.h>
 
+#include "foundation/files/Existence.h"
+
 namespace quelm::os {
 
 namespace {
 
 constexpr std::size_t longestLine = 1'023;
-
-bool isFolder(const std::string& path) {
-    struct stat info = {};
-    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
-}
 
 /// Reads one line; a longer one is skipped to its end and reads as empty. False at the end.
 bool readLine(FILE* stream, std::string& line) {
@@ -37,7 +34,7 @@ bool readLine(FILE* stream, std::string& line) {
 }  // namespace
 
 void ListOpenFiles(const std::string& folder, std::set<std::string>& paths) {
-    if (folder.find('\'') != std::string::npos || !isFolder(folder)) return;
+    if (folder.find('\'') != std::string::npos || !IsFolder(folder)) return;
     const std::string command = "lsof -F +D '" + folder + "'";
     const std::unique_ptr<FILE, int (*)(FILE*)> output(popen(command.c_str(), "re"), &pclose);
     if (!output) return;

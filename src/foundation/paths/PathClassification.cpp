@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <sys/stat.h>
 
+#include "foundation/files/Existence.h"
 #include "foundation/paths/PathPrefix.h"
 #include "foundation/paths/Paths.h"
 #include "foundation/system/Log.h"
@@ -52,11 +53,6 @@ bool IsSystemPath(std::string_view path) {
 
 namespace {
 
-bool exists(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0;
-}
-
 /// Empty when the path has no parent.
 void makeParent(std::string& path) {
     const auto parent = quelm::RemoveLastPathComponent(quelm::RemoveLastSlashFromPath(path));
@@ -78,7 +74,7 @@ bool isOnLocalVolume(const std::string& path) {
 }  // namespace
 
 bool isLocalPath(std::string path) {
-    while (!path.empty() && !exists(path))
+    while (!path.empty() && !quelm::Exists(path))
         makeParent(path);
     return !path.empty() && isOnLocalVolume(path);
 }

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// What lies in a trash folder's "info" for one file (freedesktop.org trash specification 1.0):
+/// What lies in a trash folder's "info" for one file (freedesktop.org trash 1.0):
 /// where it was and when, in local time, it was thrown away.
 [[nodiscard]] std::string TrashInfoText(std::string_view originalPath, const std::tm& deleted);
 

@@ -49,7 +49,9 @@ void BusLink::send(BusMessage signal) {
     start();
     if (ended_ || address_.empty()) return;
     if (!outbox_.add(std::move(signal))) {
-        sayOnce("Too much waits for the session bus; what is sent now is lost.");
+        sayOnce(
+            "100,000 notifications wait for the session bus. Further ones are lost until it is "
+            "back.");
         return;
     }
     if (!ready_) return;
@@ -87,7 +89,7 @@ void BusLink::unsubscribe(int number) {
 void BusLink::addMatch(const BusTopic& topic) {
     const std::string rule = MatchRule(topic);
     connection_->call("AddMatch", rule, [this, rule](DBusMessage* reply) {
-        if (!reply) sayOnce("The session bus refuses to deliver what this asks for: " + rule);
+        if (!reply) sayOnce("The session bus will not deliver these notifications: " + rule);
     });
     wake();
 }

@@ -47,7 +47,7 @@ void BusLink::connect() {
     connection_ = std::move(connection);
     if (!connection_) {
         sayOnce("No session bus answers at " + address_ + " (" + error +
-                "); trying again until one does. Panel and agent cannot hear each other without.");
+                "), so panel and agent cannot hear each other. It is tried again until one does.");
     }
 }
 
@@ -163,7 +163,8 @@ int BusLink::numberOf(DBusMessage* signal) const {
 void BusLink::greeted(bool welcome) {
     if (!welcome) {
         refused_ = true;
-        sayOnce("The session bus at " + address_ + " turns this process away.");
+        sayOnce("The session bus at " + address_ +
+                " refuses this process. Does it belong to another user?");
         return;
     }
     ready_ = true;
@@ -191,14 +192,16 @@ void BusLink::loseConnection() {
     ending_ = false;
     refused_ = false;
     if (!std::exchange(ready_, false)) {
-        sayOnce("The session bus at " + address_ + " does not let this process in.");
+        sayOnce("The session bus at " + address_ +
+                " ends each connection at once. Does it belong to another user?");
         return;
     }
     const auto now = Clock::now();
     if (now - greetedAt_ > longestPause) pause_ = shortestPause;
     nextAttempt_ = now + pause_;
-    sayOnce(kept ? "The session bus has gone; trying to reach it again until it is back."
-                 : "The session bus ends the connection at a notification, which is dropped.");
+    sayOnce(
+        kept ? "The session bus has gone. It is tried again until it is back."
+             : "The session bus ended three connections over one notification, which is dropped.");
     listener_->connectionChanged(false);
 }
 

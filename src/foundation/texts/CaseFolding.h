@@ -2,8 +2,9 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
-namespace orv {
+namespace quelm {
 
 namespace detail {
 inline constexpr auto foldedBytes = [] {
@@ -17,16 +18,18 @@ inline constexpr auto foldedBytes = [] {
 }  // namespace detail
 
 /// An ASCII capital in lower case, any other byte as it is. The C library's functions follow the
-/// locale, which would make a filter's meaning depend on who started the program.
+/// locale, which would make what matches depend on who started the program.
 constexpr unsigned char FoldCase(char byte) {
     return detail::foldedBytes[static_cast<unsigned char>(byte)];
 }
 
-constexpr bool EqualsWithoutCase(const char* a, const char* b, std::size_t length) {
-    for (std::size_t i = 0; i < length; ++i) {
+/// Byte for byte, but for the case of ASCII letters.
+constexpr bool EqualsWithoutCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
         if (FoldCase(a[i]) != FoldCase(b[i])) return false;
     }
     return true;
 }
 
-}  // namespace orv
+}  // namespace quelm
