@@ -2,6 +2,7 @@
 
 #include "accounts/AccountList.h"
 #include "config/AccountId.h"
+#include "foundation/system/Log.h"
 
 namespace orv {
 
@@ -22,7 +23,10 @@ void Account::createSkelet(const AccountList& list) {
     if (_agentID == "1" || !first) return;
     _agentSettings.setConfigLabel(first->agentSettings().configLabel());
     _agentSettings.setServerName(first->agentSettings().serverName());
-    static_cast<void>(_agentSettings.store());
+    if (!_agentSettings.store()) {
+        quelm::LogError(_accountFolderPath + " cannot be written: the new account has no label " +
+                        "and server yet.");
+    }
 }
 
 /// A file that is missing or unreadable leaves its record's values, whatever its load answers.

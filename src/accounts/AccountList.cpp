@@ -10,6 +10,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "foundation/files/Existence.h"
+#include "foundation/system/Log.h"
 
 namespace orv {
 
@@ -24,6 +25,15 @@ int numberOf(const std::string& agentId) {
     int number = 0;
     std::from_chars(agentId.data(), agentId.data() + agentId.size(), number);
     return number;
+}
+
+/// The first number from the drawn one on that is not taken; a higher one when all are.
+int freeNumber(const std::set<int>& taken, int drawn) {
+    for (int tried = 0; tried < mostAccounts; ++tried) {
+        const int number = (drawn + tried) % mostAccounts;
+        if (!taken.contains(number)) return number;
+    }
+    return *taken.rbegin() + 1;
 }
 
 /// The folders of further accounts, directly in the configuration folder.
@@ -74,6 +84,12 @@ void AccountList::removeClient(const Client* client) {
     std::erase_if(_clients, [client](const auto& held) { return held.lock().get() == client; });
 }
 
+/// One may have been removed by another that was told before it.
+bool AccountList::isClient(const Client* client) const {
+    return std::ranges::any_of(_clients,
+                               [client](const auto& held) { return held.lock().get() == client; });
+}
+
 void AccountList::compactClients() {
     std::erase_if(_clients, [](const auto& held) { return held.expired(); });
 }
@@ -89,6 +105,10 @@ void AccountList::processPath(const std::string& folder) {
         std::any_of(_accountsList.begin(), _accountsList.end(),
                     [&](const auto& account) { return account->accountFolderPath() == folder; });
     if (known) return;
+    if (_accountsList.size() >= mostAccounts) {
+        quelm::LogWarning(folder + " is left out: there are too many accounts.");
+        return;
+    }
     _accountsList.push_back(std::make_unique<Account>(folder, quelm::IsFolder(folder)));
     orderByAgentID();
 }
@@ -100,7 +120,7 @@ void AccountList::orderByAgentID() {
 
 /// An id that cannot name a folder of its own is passed on, and no account is made for it.
 void AccountList::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId) {
-    const bool isDefault = !agentId || *agentId == "1";
+    const bool isDefault = !agentId || IsDefaultAccountId(*agentId);
     if (Account* account = accountForAgentID(isDefault ? "1" : *agentId)) {
         account->loadSettings();
     } else if (isDefault || IsAccountId(*agentId)) {
@@ -112,7 +132,8 @@ void AccountList::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId
 void AccountList::notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId) {
     compactClients();
     for (const auto& held : std::vector(_clients)) {
-        if (const auto client = held.lock()) client->notifyAgentSettings(hint, agentId);
+        const auto client = held.lock();
+        if (client && isClient(client.get())) client->notifyAgentSettings(hint, agentId);
     }
 }
 
@@ -160,15 +181,12 @@ orvAgentSettings& AccountList::defaultConfig() {
 }
 
 std::string AccountList::createNewAccountPath() const {
-    std::set<int> taken;
+    std::set<int> taken{0};  // which is the default account as well
     for (const auto& account : _accountsList)
         taken.insert(numberOf(account->agentID()));
     std::random_device device;
     std::uniform_int_distribution<int> draw(0, mostAccounts - 1);
-    int number = draw(device);
-    for (int tried = 0; taken.contains(number) && tried < mostAccounts; ++tried)
-        number = (number + 1) % mostAccounts;  // ends soon also when most are taken
-    return pathForAgentID(std::to_string(number));
+    return pathForAgentID(std::to_string(freeNumber(taken, draw(device))));
 }
 
 std::unique_ptr<Account> AccountList::newAccount() const {

@@ -81,6 +81,7 @@ class AccountList {
     void registerAgentEvents();
     void orderByAgentID();
     void compactClients();
+    [[nodiscard]] bool isClient(const Client* client) const;
     [[nodiscard]] bool anyAccount(bool (orvAgentSettings::*answer)() const) const;
     [[nodiscard]] std::int64_t runningMinimum(std::int64_t (orvAgentSettings::*value)()
                                                   const) const;

@@ -33,12 +33,12 @@ constexpr std::array stateTexts = {std::pair{platform::PrinterState::Ready, "rea
                                    std::pair{platform::PrinterState::Processing, "processing"},
                                    std::pair{platform::PrinterState::Stopped, "stopped"}};
 
-/// Whether the file's content may go: it is a property list, nothing or kept in a copy.
+/// Whether the file's content may go: it is an array, nothing or kept in a copy.
 bool mayReplace(const LockedFile& file, const std::string& path) {
-    if (file.isEmpty() || IsKnownSound(file)) return true;
+    if (file.isEmpty() || IsKnownSound(file, quelm::Value::Type::Array)) return true;
     const auto content = file.read(quelm::PropertyListLimits{}.bytes);
-    return (content && quelm::ReadPropertyList(content->view()).value) ||
-           KeepDamagedFile(file, path);
+    const auto present = content ? quelm::ReadPropertyList(content->view()).value : std::nullopt;
+    return (present && present->asArray()) || KeepDamagedFile(file, path);
 }
 
 }  // namespace

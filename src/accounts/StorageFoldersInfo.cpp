@@ -1,26 +1,17 @@
 #include "accounts/StorageFoldersInfo.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "accounts/AccountXml.h"
 #include "config/Locations.h"
 #include "foundation/paths/PathPrefix.h"
 #include "foundation/paths/Paths.h"
 #include "foundation/system/Log.h"
+#include "foundation/texts/Numbers.h"
 #include "foundation/xml/XmlDocument.h"
 #include "foundation/xml/XmlElements.h"
 
 namespace orv {
-
-namespace {
-
-void add(std::int64_t& sum, std::int64_t number) {
-    using Limits = std::numeric_limits<std::int64_t>;
-    if (__builtin_add_overflow(sum, number, &sum)) sum = number < 0 ? Limits::min() : Limits::max();
-}
-
-}  // namespace
 
 orv_StorageFolderStatus::orv_StorageFolderStatus(std::string_view path, std::int64_t total,
                                                  std::int64_t stored)
@@ -62,8 +53,8 @@ bool orv_StorageFoldersInfo::loadData(std::string_view data) {
         if (!total || !stored || !path) continue;
         const auto& added = folders.emplace_back(path.text().get(), quelm::IntegerOf(total),
                                                  quelm::IntegerOf(stored));
-        add(_total, added.total());
-        add(_stored, added.stored());
+        _total = quelm::SaturatingSum(_total, added.total());
+        _stored = quelm::SaturatingSum(_stored, added.stored());
     }
     _folderList = std::move(folders);
     return true;

@@ -111,7 +111,9 @@ ExitCode RunCommandLine(const std::vector<std::string>& words, std::ostream& out
         return usageError(err, FormatLocalizedString("Cli.BadAccount", "%@ is no account's id",
                                                      {*invocation.account}));
     }
-    if (invocation.account) AgentID = *invocation.account;
+    if (invocation.account) {
+        AgentID = IsDefaultAccountId(*invocation.account) ? "1" : *invocation.account;
+    }
     return runCommand(invocation, out, err, openBus);
 }
 

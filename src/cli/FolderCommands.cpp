@@ -19,7 +19,10 @@ namespace {
 /// None, after a message, when there is a selection that cannot be read.
 std::optional<orv_StorageSettings> loadSelection(Console& console) {
     const std::string folder = GetConfigurationPath();
-    if (!IsAbsentOrReadable(folder + "/" + files::storageInfo, console)) return std::nullopt;
+    if (!IsAbsentOrReadable(folder + "/" + files::storageInfo, quelm::Value::Type::Array,
+                            console)) {
+        return std::nullopt;
+    }
     std::optional<orv_StorageSettings> selection(folder);
     selection->load();
     return selection;

@@ -26,7 +26,10 @@ using quelm::FormatLocalizedString;
 /// None, after a message, when there is a record that cannot be read.
 std::optional<orvAgentSettings> loadRecord(Console& console) {
     const std::string folder = GetConfigurationPath();
-    if (!IsAbsentOrReadable(folder + "/" + files::userInfo, console)) return std::nullopt;
+    if (!IsAbsentOrReadable(folder + "/" + files::userInfo, quelm::Value::Type::Dictionary,
+                            console)) {
+        return std::nullopt;
+    }
     std::optional<orvAgentSettings> record(folder);
     record->load();
     return record;
@@ -74,7 +77,7 @@ ExitCode ListSettings(const Arguments&, Console& console) {
         fmt::print(console.out, "{}\n", ValueAsJson(values));
     } else {
         for (const auto& [key, value] : values)
-            fmt::print(console.out, "{}: {}\n", key, plainText(value));
+            fmt::print(console.out, "{}: {}\n", key, ValueAsJson(value));
     }
     return ExitCode::Done;
 }

@@ -5,6 +5,7 @@
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "foundation/texts/Utf8.h"
 
 namespace orv {
 
@@ -61,9 +62,6 @@ std::optional<std::int32_t> typed(const IntegerSetting&, const quelm::Value& val
 }
 std::optional<std::int64_t> typed(const LongSetting&, const quelm::Value& value) {
     return value.asInteger() ? std::optional(*value.asInteger()) : std::nullopt;
-}
-std::optional<double> typed(const RealSetting&, const quelm::Value& value) {
-    return value.asReal() ? std::optional(*value.asReal()) : std::nullopt;
 }
 template <typename Text>
 std::optional<std::string> typed(const Text&, const quelm::Value& value) {
@@ -123,8 +121,9 @@ bool orvAgentSettings::setValue(const AgentSetting& setting, const quelm::Value&
 }
 
 bool orvAgentSettings::setUserId(const std::optional<std::string>& value) {
+    if (value) return set(settings::userId, *value);
     RemoveProperty(_settings, settings::userId.key);
-    return !value || set(settings::userId, *value);
+    return true;
 }
 
 bool orvAgentSettings::get(const BooleanSetting& setting) const {
@@ -169,17 +168,21 @@ const quelm::Dictionary* orvAgentSettings::get(const DictionarySetting& setting)
     return value ? value->asDictionary() : nullptr;
 }
 
+bool orvAgentSettings::setText(const char* key, const std::string& value) {
+    return quelm::IsXmlText(value) && SetStringProperty(_settings, key, value);
+}
+
 bool orvAgentSettings::set(const TextSetting& setting, const std::string& value) {
     if (setting.access == SettingAccess::WritableIfChanged && value == get(setting)) return true;
-    return SetStringProperty(_settings, setting.key, value);
+    return setText(setting.key, value);
 }
 
 bool orvAgentSettings::set(const OptionalTextSetting& setting, const std::string& value) {
-    return SetStringProperty(_settings, setting.key, value);
+    return setText(setting.key, value);
 }
 
 bool orvAgentSettings::set(const TextListSetting& setting, const std::vector<std::string>& value) {
-    return SetStringProperty(_settings, setting.key, join(value));
+    return setText(setting.key, join(value));
 }
 
 }  // namespace orv

@@ -42,8 +42,9 @@ class orvAgentSettings {
     /// of texts is answered as an array and taken as one text with commas.
     bool setValue(const AgentSetting& setting, const quelm::Value& value);
 
-    // One pair a row. Text setters answer false, with nothing changed, for what is not UTF-8; in
-    // what is borrowed, null stands for none, and the next change ends it.
+    // One pair a row. Text setters answer false, with nothing changed, for what no
+    // file can hold: other text than UTF-8, and control characters. In what is borrowed, null
+    // stands for none, and the next change ends it.
     [[nodiscard]] std::string serverName() const { return get(settings::serverName); }
     bool setServerName(const std::string& value) { return set(settings::serverName, value); }
     [[nodiscard]] std::optional<std::string> cellId() const { return get(settings::cellId); }
@@ -282,6 +283,7 @@ class orvAgentSettings {
         _settings.set(setting.key, value);
         return true;
     }
+    bool setText(const char* key, const std::string& value);
     bool set(const TextSetting& setting, const std::string& value);
     bool set(const OptionalTextSetting& setting, const std::string& value);
     bool set(const TextListSetting& setting, const std::vector<std::string>& value);

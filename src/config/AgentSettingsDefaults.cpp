@@ -48,11 +48,6 @@ constexpr auto projectFolderForms = std::to_array<ProjectFolderForm>({
     {false, false, "%1$@ (%2$@-%3$@)"},
 });
 
-bool isDefaultAccountPath(const std::string& path) {
-    const auto& hook = ProcessAgentSettingsHooks().isDefaultAccountPath;
-    return hook ? hook(path) : extractAgentID(path) == "1";
-}
-
 std::string branded(const std::string& text) {
     const auto& hook = ProcessAgentSettingsHooks().brand;
     return hook ? hook(text) : text;
@@ -90,7 +85,7 @@ std::string orvAgentSettings::defaultProjectFolder() const {
     const std::string base = quelm::ExpandTildeInPath(locations::projects);
     const std::string label = configLabel();
     const bool hasProductLabel = label == productLabel;
-    const bool isDefault = isDefaultAccountPath(_settingsPath.value_or(""));
+    const bool isDefault = extractAgentID(_settingsPath.value_or("")) == "1";
     const auto form = std::ranges::find_if(projectFolderForms, [=](const auto& row) {
         return row.hasProductLabel == hasProductLabel && row.isDefaultAccount == isDefault;
     });

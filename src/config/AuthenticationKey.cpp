@@ -44,7 +44,7 @@ std::optional<std::string> orvAgentSettings::readAuthenticationKeyWithOverwrite(
     if (!unasked && !ReadPasswordData(label, account, key)) return std::nullopt;
     // other bytes are nobody's key and stay where they are
     if (!quelm::IsValidUtf8(key)) return std::nullopt;
-    if (unasked || !overwrite || !DeletePasswordData(label, account)) return key;
+    if (unasked || !overwrite || key.empty() || !DeletePasswordData(label, account)) return key;
     if (!storeAuthenticationKey(key)) {
         quelm::LogError("The key of \"" + label + "\" was taken out of the keychain and could " +
                         "not be put back. Sign in again to store it.");

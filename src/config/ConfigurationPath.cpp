@@ -7,9 +7,11 @@
 #include <vector>
 
 #include "config/AccountId.h"
+#include "config/AgentSettingsTable.h"
 #include "config/Locations.h"
 #include "config/PropertyAccess.h"
 #include "config/PropertyFiles.h"
+#include "config/UpdateSettings.h"
 #include "foundation/files/Existence.h"
 #include "foundation/files/Filenames.h"
 #include "foundation/files/Folders.h"
@@ -112,15 +114,18 @@ void CreateUserInfo(const std::string& folder, const std::string& label, const s
     if (quelm::os::CreateRootFolder(folder) != quelm::os::EStatusCode::SUCCESS) return;
 
     quelm::Dictionary user = CreateEmptyProperties();
-    SetStringProperty(user, "config_label", label);
-    SetStringProperty(user, "server", server);
+    SetStringProperty(user, settings::configLabel.key, label);
+    SetStringProperty(user, settings::serverName.key, server);
     StorePropertiesToFile(folder + "/" + files::userInfo, user);
 
-    quelm::Dictionary servers = CreateEmptyProperties();
-    SetStringProperty(servers, "web_server", webServer);
-    SetStringProperty(servers, "update_server", updateServer);
-    SetStringProperty(servers, "api_server", apiServer);
-    StorePropertiesToFile(folder + "/" + files::serverInfo, servers);
+    orvUpdateSettings servers;
+    servers.setWebServerName(webServer);
+    servers.setUpdateServerName(updateServer);
+    servers.setApiServerName(apiServer);
+    const std::string path = folder + "/" + files::serverInfo;
+    if (!servers.storeToSpecificPath(path)) {
+        quelm::LogError(path + " cannot be written: the account uses the built-in servers.");
+    }
 }
 
 }  // namespace orv

@@ -25,7 +25,7 @@ using State = std::tuple<off_t, time_t, long, time_t, long>;
 
 struct SoundFiles {
     std::mutex mutex;
-    std::map<Identity, State> states;
+    std::map<Identity, std::pair<State, quelm::Value::Type>> states;
 };
 
 SoundFiles& soundFiles() {
@@ -67,19 +67,19 @@ bool copyContent(int from, int to) {
 
 }  // namespace
 
-void RememberSound(const LockedFile& file) {
+void RememberSound(const LockedFile& file, quelm::Value::Type type) {
     const struct stat& info = file.status();
     const std::lock_guard guard(soundFiles().mutex);
     auto& states = soundFiles().states;
     if (states.size() >= remembered) states.clear();
-    states[{info.st_dev, info.st_ino}] = stateOf(info);
+    states[{info.st_dev, info.st_ino}] = {stateOf(info), type};
 }
 
-bool IsKnownSound(const LockedFile& file) {
+bool IsKnownSound(const LockedFile& file, quelm::Value::Type type) {
     const struct stat& info = file.status();
     const std::lock_guard guard(soundFiles().mutex);
     const auto found = soundFiles().states.find({info.st_dev, info.st_ino});
-    return found != soundFiles().states.end() && found->second == stateOf(info);
+    return found != soundFiles().states.end() && found->second == std::pair(stateOf(info), type);
 }
 
 bool KeepDamagedFile(const LockedFile& file, const std::string& path) {

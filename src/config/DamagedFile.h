@@ -3,6 +3,7 @@
 #include <string>
 
 #include "config/LockedFile.h"
+#include "platform/Value.h"
 
 namespace orv {
 
@@ -10,11 +11,11 @@ namespace orv {
 // that storing need not parse what it replaces each time, the states of files that this process
 // has read or written itself are remembered. Any thread.
 
-/// Notes that the file, as it is now, holds a property list.
-void RememberSound(const LockedFile& file);
+/// Notes that the file, as it is now, holds a property list of that type.
+void RememberSound(const LockedFile& file, quelm::Value::Type type);
 
 /// Whether the file is exactly as it was when that was noted.
-[[nodiscard]] bool IsKnownSound(const LockedFile& file);
+[[nodiscard]] bool IsKnownSound(const LockedFile& file, quelm::Value::Type type);
 
 /// Copies the file to "NAME.damaged-TIME" beside it and logs that; false, logged as well, when
 /// that cannot be done.

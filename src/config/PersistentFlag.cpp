@@ -23,6 +23,15 @@ Path globalPath(const std::string& flag) {
     return quelm::ExpandTildeInPath(locations::preferences) + flag;
 }
 
+/// The base path without the folder of the further account that this process may serve.
+std::string defaultAccountFolder() {
+    std::string base = GetConfigurationPath();
+    if (quelm::GetLastPathComponent(base).starts_with(accountFolderPrefix)) {
+        base = quelm::RemoveLastPathComponent(base);
+    }
+    return base;
+}
+
 bool exists(const Path& path) {
     return path && quelm::Exists(*path);
 }
@@ -64,7 +73,9 @@ Path orv_PersistentFlag::createPathForAgentID(const AgentId& agentId, const std:
     const std::string id = agentId.value_or("");
     const bool isDefault = id.empty() || IsDefaultAccountId(id);
     if (!quelm::IsPlainFilename(flagName) || (!isDefault && !IsAccountId(id))) return std::nullopt;
-    return GetConfigurationPath() + (isDefault ? "/" : "/account_" + id + "/") + flagName;
+    std::string folder = defaultAccountFolder();
+    if (!isDefault) folder.append("/").append(accountFolderPrefix).append(id);
+    return folder.append("/").append(flagName);
 }
 
 }  // namespace orv

@@ -22,24 +22,29 @@ std::optional<Value> ReadPropertiesFile(const LockedFile& file) {
     return content ? quelm::ReadPropertyList(content->view()).value : std::nullopt;
 }
 
-bool WritePropertiesFile(LockedFile& file, const std::string& path, const Value& properties) {
+/// Present content that is neither sound nor empty is copied before it goes.
+bool WritePropertiesFile(LockedFile& file, const std::string& path, const Value& properties,
+                         bool isSound) {
     const auto text = quelm::WritePropertyList(properties);
     if (!text) {
         quelm::LogError(
             fmt::format("{}: its new content cannot be written as a property list", path));
         return false;
     }
+    if (!isSound && !file.isEmpty() && !KeepDamagedFile(file, path)) return false;
     if (!file.replace(*text)) {
         quelm::LogError(fmt::format("{}: cannot be written: {}", path, LastError()));
         return false;
     }
-    RememberSound(file);
+    RememberSound(file, properties.type());
     return true;
 }
 
-/// Whether the file's present content may go: it is sound, empty or kept in a copy.
-bool mayOverwrite(const LockedFile& file, const std::string& path, bool isSound) {
-    return isSound || file.isEmpty() || KeepDamagedFile(file, path);
+/// Whether the file holds what the new content may take the place of: a list of its type.
+bool holdsAnother(const LockedFile& file, const Value& properties) {
+    if (IsKnownSound(file, properties.type())) return true;
+    const auto present = ReadPropertiesFile(file);
+    return present && present->type() == properties.type();
 }
 
 }  // namespace
@@ -48,7 +53,7 @@ std::optional<Value> LoadPropertiesFromFile(const std::string& path) {
     const LockedFile file(path);
     if (!file) return std::nullopt;
     auto properties = ReadPropertiesFile(file);
-    if (properties) RememberSound(file);
+    if (properties) RememberSound(file, properties->type());
     return properties;
 }
 
@@ -59,10 +64,7 @@ std::optional<Value> LoadArrayFromFile(const std::string& path) {
 bool StorePropertiesToFile(const std::string& path, const Value& properties) {
     LockedFile file(path);
     if (!file) return false;
-    const bool isSound = IsKnownSound(file) || ReadPropertiesFile(file).has_value();
-    if (mayOverwrite(file, path, isSound)) {
-        static_cast<void>(WritePropertiesFile(file, path, properties));
-    }
+    static_cast<void>(WritePropertiesFile(file, path, properties, holdsAnother(file, properties)));
     return true;
 }
 
@@ -78,9 +80,8 @@ FileEdit EditPropertiesInFile(const std::string& path,
     const bool isSound = properties && properties->asDictionary() != nullptr;
     if (!isSound) properties = CreateEmptyProperties();
     if (!edit(*properties->asDictionary())) return FileEdit::Done;
-    const bool written =
-        mayOverwrite(file, path, isSound) && WritePropertiesFile(file, path, *properties);
-    return written ? FileEdit::Done : FileEdit::CannotWrite;
+    return WritePropertiesFile(file, path, *properties, isSound) ? FileEdit::Done
+                                                                 : FileEdit::CannotWrite;
 }
 
 bool ChangePropertiesInFile(const std::string& path, const quelm::Dictionary& changes) {

@@ -14,8 +14,9 @@ namespace orv {
 // holds it to the end: each is atomic for every other user of these functions. Any thread; a
 // window calls them from a worker, because another process may hold the lock.
 //
-// A file that is not empty and cannot be parsed is copied to "NAME.damaged-TIME" beside it before
-// it is overwritten; where that is not possible it is left as it is. Space for the new content is
+// A file that is not empty and holds no property list of the type that is stored is copied to
+// "NAME.damaged-TIME" beside it before it is overwritten; where that is not possible it is left as
+// it is. Space for the new content is
 // reserved before the first byte changes, so that a full disk leaves the old content.
 
 /// Nothing for a file that cannot be opened, is empty or cannot be parsed.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/VolumeFolders.h"
 #include "foundation/paths/PathPrefix.h"
 
 namespace orv {
@@ -9,7 +10,7 @@ namespace orv {
 namespace {
 
 bool isOnOtherVolume(std::string_view path) {
-    return quelm::StartsWithPath(path, "/Volumes");
+    return !FolderOfVolumes(path).empty();
 }
 
 bool isUnderRoot(std::string_view path) {

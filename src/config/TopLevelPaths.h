@@ -12,7 +12,7 @@ namespace orv {
 
 // The rows of the backup selection: arrays of an absolute path and a flag, true when the path is
 // selected. What is no such row is ignored. A path covers itself and what lies below it, byte for
-// byte; but "/" does not cover "/Volumes", for other volumes are roots of their own.
+// byte; but "/" does not cover the folders of mounted volumes, which are roots of their own.
 
 struct SelectionRow {
     /// Borrowed from the value.

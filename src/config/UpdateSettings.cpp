@@ -46,8 +46,9 @@ bool orvUpdateSettings::store() const {
 
 bool orvUpdateSettings::storeToSpecificPath(const std::string& path) const {
     quelm::Dictionary names;
-    for (const auto& server : servers_)
-        SetStringProperty(names, server.key, this->*server.name);
+    for (const auto& server : servers_) {
+        if (!SetStringProperty(names, server.key, this->*server.name)) return false;
+    }
     return ChangePropertiesInFile(path, names);
 }
 

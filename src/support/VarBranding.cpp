@@ -4,6 +4,7 @@
 #include "config/Locations.h"
 #include "config/PropertyFiles.h"
 #include "config/UpdateSettings.h"
+#include "foundation/files/Existence.h"
 #include "foundation/system/Log.h"
 #include "support/ApplicationNames.h"
 #include "support/BrandingInfo.h"
@@ -19,7 +20,14 @@ std::shared_ptr<orv_VarBranding>& sharedBrand() {
 }
 
 void storeWebServer(const std::string& name) {
-    orvUpdateSettings settings = orvUpdateSettings::settings();
+    orvUpdateSettings settings;
+    const std::string path = GetConfigurationPath(files::serverInfo);
+    if (!settings.loadSettings() && quelm::Exists(path)) {
+        // just being written, or damaged: what it says of the other servers is not known
+        quelm::LogWarning(path + " cannot be read, so the brand's web server is not used yet.");
+        return;
+    }
+    if (settings.webServerName() == name && quelm::Exists(path)) return;
     settings.setWebServerName(name);
     if (settings.store()) return;
     quelm::LogWarning("The brand's web server cannot be stored, so it is not used.");

@@ -96,9 +96,25 @@ TEST_F(TheAccounts, FollowWhatIsAnnouncedAndPassItOn) {
     EXPECT_EQ(list.teamForAgentID("5"), "new");
     announce({{"agent-id", "6"}, {"hint", 1}});
     announce({{"agent-id", "../7"}, {"hint", 1}});
+    announce({{"agent-id", "0"}, {"hint", 1}});
     EXPECT_EQ(idsOf(list), (Ids{"1", "5", "6 (not valid)"}));
-    EXPECT_EQ(client->told, (Ids{"none 16384", "5 1", "6 1", "../7 1"}));
+    EXPECT_EQ(client->told, (Ids{"none 16384", "5 1", "6 1", "../7 1", "0 1"}));
     EXPECT_EQ(removed->told, Ids{});
+
+    struct Remover final : AccountList::Client {
+        void notifyAgentSettings(std::uint32_t, const AgentId&) override {
+            list->removeClient(victim);
+        }
+        AccountList* list = nullptr;
+        const AccountList::Client* victim = nullptr;
+    };
+    const auto remover = std::make_shared<Remover>();
+    remover->list = &list;
+    remover->victim = removed.get();
+    list.addClient(remover);
+    list.addClient(removed);
+    announce({{"hint", 1}});
+    EXPECT_EQ(removed->told, Ids{}) << "removed while the others are told";
 }
 
 TEST_F(TheAccounts, GiveTheSmallestThresholdWhereZeroCountsAsNoneYet) {

@@ -116,6 +116,13 @@ TEST_F(VarBranding, KeepsTheNameOfTheServerWithoutOneOfItsOwn) {
               quelm::Value(Dictionary{{"other", 1}, {"web_server", "a"}}));
 }
 
+TEST_F(VarBranding, LeavesServersThatItCannotRead) {
+    EXPECT_TRUE(orv::StoreBrandingInfo({{"general_url", "acme.example"}}));
+    folder_.makeFile("server_info.plist", "<plist><dict><key>web_s");
+    static_cast<void>(orv_VarBranding::instance());
+    EXPECT_EQ(test_support::ContentOf(folder_ / "server_info.plist"), "<plist><dict><key>web_s");
+}
+
 TEST_F(VarBranding, IsBuiltInForAFileThatCannotBeRead) {
     for (const char* content : {"", "no property list", "<plist><array/></plist>"}) {
         use({});

@@ -117,14 +117,17 @@ TEST_F(SettingsCommands, TakeOnlyValuesOfTheKeysType) {
 }
 
 TEST_F(SettingsCommands, LeaveAloneWhatCannotBeReadOrWritten) {
-    for (const char* name : {"user_info.plist", "storage_info.plist"})
-        folder.makeFile(name, "<plist>");
-    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-             {"settings", "list"}, {"settings", "set", "trace_level", "1"}, {"folders", "rows"}}) {
-        EXPECT_EQ(run(words), ExitCode::Failed);
-        EXPECT_NE(err_.str().find("info.plist"), std::string::npos);
+    const std::vector<std::vector<std::string>> commands = {
+        {"settings", "list"}, {"settings", "set", "trace_level", "1"}, {"folders", "rows"}};
+    for (const char* content : {"<plist>", "<plist><string>foreign</string></plist>"}) {
+        for (const char* name : {"user_info.plist", "storage_info.plist"})
+            folder.makeFile(name, content);
+        for (const auto& words : commands) {
+            EXPECT_EQ(run(words), ExitCode::Failed);
+            EXPECT_NE(err_.str().find("info.plist"), std::string::npos);
+        }
+        EXPECT_EQ(test_support::ContentOf(record), content);
     }
-    EXPECT_EQ(test_support::ContentOf(record), "<plist>");
     orv::SetConfigBasePath(folder / "absent");
     EXPECT_EQ(run({"settings", "set", "trace_level", "1"}), ExitCode::Failed);
     EXPECT_EQ(run({"folders", "roots", "--json"}), ExitCode::Done);

@@ -64,14 +64,15 @@ TEST_F(AgentSettings, SavingMergesAndShowsWhatOthersWrote) {
 TEST_F(AgentSettings, ASaveThatFailsLeavesFileAndRecord) {
     auto record = recordOf({{"team_name", "Sales"}});
     const std::string before = test_support::ContentOf(path);
-    ASSERT_TRUE(record.setTeamName("bell\a"));
-    EXPECT_FALSE(record.store()) << "no file can hold it";
-    EXPECT_EQ(test_support::ContentOf(path), before);
-    EXPECT_EQ(record.teamName(), "bell\a");
-    EXPECT_FALSE(record.setTeamName("\xff"));
-    EXPECT_EQ(record.teamName(), "bell\a");
+    ASSERT_TRUE(record.setUserId("u"));
+    for (const char* impossible : {"bell\a", "\xff"}) {
+        EXPECT_FALSE(record.setTeamName(impossible)) << "no file can hold it";
+        EXPECT_FALSE(record.setUserId(impossible));
+    }
     EXPECT_FALSE(record.storeToSpecificPath(folder / "absent/user_info.plist"));
-    EXPECT_EQ(record.teamName(), "bell\a");
+    EXPECT_EQ(record.teamName(), "Sales");
+    EXPECT_EQ(record.userId(), "u");
+    EXPECT_EQ(test_support::ContentOf(path), before);
 }
 
 TEST_F(AgentSettings, ARecordThatCannotBeReadKeepsItsValues) {
@@ -155,9 +156,8 @@ TEST_F(AgentSettings, TheProjectFolderIsNamedByLabelAndTeam) {
     }
 }
 
-TEST_F(AgentSettings, HooksBrandTheLabelAndKnowTheDefaultAccount) {
+TEST_F(AgentSettings, ABrandHasTheLabel) {
     orv::ProcessAgentSettingsHooks() = {
-        [this](const std::string& asked) { return asked == path; },
         [](const std::string& text) { return text == "Tidewell Backup" ? "Acme" : text; }};
     EXPECT_EQ(orvAgentSettings().configLabel(), "Acme");
     EXPECT_EQ(orvAgentSettings().webAccessLabel(), "Acme-secureWebAccess");
@@ -165,7 +165,7 @@ TEST_F(AgentSettings, HooksBrandTheLabelAndKnowTheDefaultAccount) {
               "/home/anna/Quelm Projects (Acme)")
         << "the branded label is not the product's";
     EXPECT_EQ(recordOf({{"config_label", "Tidewell Backup"}}).configLabel(), "Tidewell Backup");
-    EXPECT_EQ(orvAgentSettings("/other").masterProjectFolder(),
+    EXPECT_EQ(orvAgentSettings("/other/account_2").masterProjectFolder(),
               "/home/anna/Quelm Projects (Acme-)");
 }
 

@@ -87,6 +87,10 @@ TEST_F(PersistentFlag, IsAnEmptyFileOfItsAccount) {
     EXPECT_FALSE(orv_PersistentFlag::isSet("f", "42"));
     EXPECT_FALSE(orv_PersistentFlag::remove("f", "42"));
     EXPECT_FALSE(orv_PersistentFlag::set("f", "43")) << "no such account";
+
+    orv::SetConfigBasePath(folder / "account_42");  // as the agent of that account has it
+    EXPECT_EQ(orv_PersistentFlag::createPathForAgentID("42", "f"), folder / "account_42/f");
+    EXPECT_EQ(orv_PersistentFlag::createPathForAgentID("1", "f"), folder / "f");
 }
 
 TEST_F(PersistentFlag, LeadsOutOfNoFolder) {

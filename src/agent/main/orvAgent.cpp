@@ -9,10 +9,12 @@
 #include "agent/TerminationSignals.h"
 #include "agentlink/AgentEventQueue.h"
 #include "config/AccountId.h"
+#include "config/AgentSettingsHooks.h"
 #include "config/ConfigurationPath.h"
 #include "foundation/system/ApplicationBundle.h"
 #include "foundation/system/Log.h"
 #include "platform/linux/LinuxServices.h"
+#include "support/VarBranding.h"
 
 namespace {
 
@@ -42,6 +44,7 @@ int main(int argc, char** argv) {
         }
         const quelm::Bundle bundle(quelm::FindResourcesFolder(), quelm::PreferredLanguages());
         quelm::SetApplicationBundle(&bundle);
+        orv::ProcessAgentSettingsHooks().brand = orv::BrandText;
         orv::AgentID = orv::IsDefaultAccountId(argv[1]) ? "1" : argv[1];
         std::string error;
         const auto lock = orv::AccountLock::take(argv[1], error);

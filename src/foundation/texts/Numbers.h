@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace quelm {
+
+/// The decimal number that the text begins with, after blanks and a sign; the nearest one where 64
+/// bits do not hold it, 0 without one.
+[[nodiscard]] std::int64_t LeadingInteger(std::string_view text);
+
+/// Whether the text, after blanks, a sign and zeros, goes on with a digit other than 0 or with one
+/// of "YyTt".
+[[nodiscard]] bool IsTrueText(std::string_view text);
+
+/// The sum, or the end of 64 bits that it would go beyond.
+[[nodiscard]] std::int64_t SaturatingSum(std::int64_t left, std::int64_t right);
+
+}  // namespace quelm
