@@ -51,7 +51,7 @@ bool orv_StorageFoldersInfo::loadData(std::string_view data) {
         const auto stored = folder.child("stored");
         const auto path = folder.child("path");
         if (!total || !stored || !path) continue;
-        const auto& added = folders.emplace_back(path.text().get(), quelm::IntegerOf(total),
+        const auto& added = folders.emplace_back(quelm::TextOf(path), quelm::IntegerOf(total),
                                                  quelm::IntegerOf(stored));
         _total = quelm::SaturatingSum(_total, added.total());
         _stored = quelm::SaturatingSum(_stored, added.stored());

@@ -1,8 +1,13 @@
 #include "accounts/StorageQuotaInfo.h"
 
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
 #include "accounts/AccountXml.h"
 #include "config/Locations.h"
 #include "foundation/system/Log.h"
+#include "foundation/texts/Numbers.h"
 #include "foundation/xml/XmlDocument.h"
 #include "foundation/xml/XmlElements.h"
 
@@ -12,8 +17,14 @@ namespace {
 
 /// Servers write the unlimited quota with a sign and without one.
 std::int64_t quotaOf(const pugi::xml_node& element) {
-    constexpr std::string_view allBits = "18446744073709551615";
-    return element.text().get() == allBits ? -1 : quelm::IntegerOf(element);
+    constexpr std::uint64_t allBits = std::numeric_limits<std::uint64_t>::max();
+    const std::string text = quelm::TextOf(element);
+    std::string_view digits = text;
+    digits.remove_prefix(std::min(digits.find_first_not_of(" \t\r\n"), digits.size()));
+    if (digits.starts_with('+')) digits.remove_prefix(1);
+    std::uint64_t number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number == allBits ? -1 : quelm::LeadingInteger(text);
 }
 
 }  // namespace

@@ -166,6 +166,8 @@ TEST_F(StorageFiles, QuotaHasWhatIsThereAndZeroForTheRest) {
 TEST_F(StorageFiles, AQuotaOfAllBitsIsUnlimited) {
     const std::vector<std::pair<std::string, bool>> cases = {{"-1", true},
                                                              {"18446744073709551615", true},
+                                                             {"\n +18446744073709551615\n", true},
+                                                             {"-18446744073709551615", false},
                                                              {"18446744073709551614", false},
                                                              {"-2", false},
                                                              {"0", false},

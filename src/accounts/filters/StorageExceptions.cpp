@@ -5,27 +5,13 @@
 
 #include "foundation/system/Log.h"
 #include "foundation/xml/XmlDocument.h"
+#include "foundation/xml/XmlElements.h"
 
 namespace orv {
 
 namespace {
 
 constexpr const char* topElement = "backup-exclusions";
-
-/// The text of an element and of everything in it.
-std::string textOf(const pugi::xml_node& element) {
-    struct Collector final : pugi::xml_tree_walker {
-        bool for_each(pugi::xml_node& node) override {
-            const auto type = node.type();
-            if (type == pugi::node_pcdata || type == pugi::node_cdata) text += node.value();
-            return true;
-        }
-        std::string text;
-    };
-    Collector collector;
-    pugi::xml_node(element).traverse(collector);
-    return collector.text;
-}
 
 void logUnusable(std::string_view reason) {
     quelm::LogError(fmt::format("Cannot load storage_exceptions.xml info: {}", reason));
@@ -52,7 +38,7 @@ std::vector<std::string> readTexts(const std::string& path, const char* elementN
             logUnusable(fmt::format("of \"{}\" only the first {} are used", elementName, most));
             break;
         }
-        texts.push_back(textOf(child));
+        texts.push_back(quelm::TextOf(child));
     }
     return texts;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
@@ -7,8 +8,12 @@
 
 namespace quelm {
 
-/// A parsed document, or none and why. Documents are bounded at 64 MiB; entities other than the
-/// predefined are left as they stand, and nothing outside the text is ever loaded.
+/// What a document may hold at most, in bytes.
+constexpr std::size_t largestXmlDocument = std::size_t{32} << 20U;
+
+/// A parsed document, or none and why. One that refers to a NUL, which would cut its texts, is
+/// refused. Entities other than the predefined are left as they stand, and nothing outside the text
+/// is ever loaded.
 struct XmlResult {
     std::unique_ptr<pugi::xml_document> document;
     std::string error;
