@@ -106,22 +106,19 @@ void expectIndexDecidesAsInOrder(const orv_FilterList& list, int count) {
         const auto* const expected = DecideInOrder(list, name);
         matched += expected != nullptr;
         ASSERT_EQ(list.decidingFilter(name), expected) << name;
-        std::uint32_t type = 99;
-        ASSERT_EQ(list.isIncluded(name, type), expected != nullptr) << name;
-        ASSERT_EQ(type, expected ? expected->getFilterType() : 99) << name;
     }
     EXPECT_GT(matched, count / 10);
     EXPECT_LT(matched, count - count / 100);
 }
 
-TEST(FilterList, TheIndexDecidesAMillionNamesAsTheFiltersInOrderDo) {
+TEST(FilterList, TheIndexDecidesAsTheFiltersInOrderDo) {
     orv_FilterList list(true);
     addCategories(list);
     for (const char* pattern :
          {"*.tar.gz", "report*", "*a*.PDF", "?Z*", "*.", "*~", "[a-c]*.d?", "*.ABCDEFGH",
           "*.abcdefghi", "a.a", "*.\xc3\xa4", "\xff*", "*\\.", "*[xyz]", "* .zz"})
         list.addFilter(pattern, 8);
-    expectIndexDecidesAsInOrder(list, 1'000'000);
+    expectIndexDecidesAsInOrder(list, 100'000);
 }
 
 TEST(FilterList, TheIndexHoldsForRandomListsAndForVeryLongOnes) {

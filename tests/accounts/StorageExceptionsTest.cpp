@@ -148,6 +148,38 @@ TEST_F(FolderPatternsTest, ACatastrophicExpressionCountsAsNoMatchAndIsLoggedOnce
     EXPECT_TRUE(patterns.matches(hard + "/temp"));
 }
 
+TEST_F(FolderPatternsTest, ManySlowExpressionsThatNeverGiveUpUseTheirTimeUp) {
+    std::vector<std::string> expressions = {"/cache$"};
+    for (int i = 0; i < 20; ++i)
+        expressions.push_back("(a|b)+(a|b)+[!?]" + std::to_string(i) + "|/easy$");
+    const FolderPatterns patterns(expressions);
+    EXPECT_TRUE(patterns.matches("/easy"));
+    std::string hard = "/home/";
+    for (int i = 0; i < 85; ++i)
+        hard += "ab";
+    for (int i = 0; i < 2'000 && log.size() < 20; ++i)
+        ASSERT_FALSE(patterns.matches(hard + std::to_string(i)));
+    for (int i = 0; i < 500; ++i)
+        ASSERT_FALSE(patterns.matches(hard));
+    EXPECT_EQ(log.size(), 20U) << "once each";
+    EXPECT_FALSE(patterns.matches("/easy")) << "they are not tried any more";
+    EXPECT_TRUE(patterns.matches("/cache")) << "the others hold";
+}
+
+TEST_F(FolderPatternsTest, LongPathsAreSearchedToTheirEnd) {
+    const FolderPatterns patterns({"(?i)x/(\xc3\xa4+|b)$", "\\Gy", "z(*COMMIT)a", "^.*\n?(?<=c)d"});
+    for (std::size_t length = 0; length < 300; ++length) {
+        const std::string start(length, '/');
+        EXPECT_FALSE(patterns.matches(start + "-x/a"));
+        EXPECT_TRUE(patterns.matches(start + "x/\xc3\x84\xc3\xa4"));
+        EXPECT_TRUE(patterns.matches(start + "cd"));
+        EXPECT_FALSE(patterns.matches(start + "d"));
+        EXPECT_FALSE(patterns.matches("/zb" + start + "yza"));
+    }
+    EXPECT_TRUE(patterns.matches("y"));
+    EXPECT_TRUE(patterns.matches("za"));
+}
+
 TEST_F(FolderPatternsTest, CopiesServeSeveralThreads) {
     const FolderPatterns patterns({"/cache$", "(a+)+$", "/temp$"});
     const std::string hard(100, 'a');

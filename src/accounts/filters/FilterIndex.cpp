@@ -159,13 +159,13 @@ std::uint32_t FilterIndex::firstOf(const Block& block,
 
 std::uint32_t FilterIndex::firstMatch(const std::vector<orv_FilenameFilter>& filters,
                                       std::string_view name) const {
-    std::uint32_t first = std::min(extensions_.find(name), all_);
     if (name.empty()) {
         // only stars in a shell pattern match it, which has no first byte to look up
         const auto matches = [](const auto& filter) { return filter.isIncluded("", 0); };
         const auto found = std::ranges::find_if(filters, matches);
         return found != filters.end() ? static_cast<std::uint32_t>(found - filters.begin()) : none;
     }
+    const std::uint32_t first = std::min(extensions_.find(name), all_);
     for (const Block& block : others_) {
         if (block.numbers.front() >= first) break;
         const std::uint32_t found = firstOf(block, filters, name, first);

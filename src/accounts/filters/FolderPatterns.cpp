@@ -1,92 +1,39 @@
-#define PCRE2_CODE_UNIT_WIDTH 8
-
 #include "accounts/filters/FolderPatterns.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cstdint>
-#include <fmt/format.h>
-#include <pcre2.h>
+#include <optional>
 #include <utility>
 
+#include "accounts/filters/BoundedRegex.h"
 #include "foundation/system/Log.h"
 
 namespace orv {
 
 namespace {
 
+using namespace std::chrono_literals;
+using std::chrono::nanoseconds;
+
 // What an expression may be and cost at most. Those in use have some 30 bytes and match a path
-// within a few hundred steps; a match that reaches its limit has taken about a millisecond.
+// within microseconds.
 constexpr std::size_t longestExpression = 4'096;
 constexpr std::size_t largestCode = std::size_t{64} << 10U;
 constexpr std::size_t largestCodes = std::size_t{4} << 20U;
-constexpr std::uint32_t matchLimit = 20'000;
-constexpr std::uint32_t depthLimit = 10'000;
-constexpr std::uint32_t heapLimitKiB = 4'096;
-constexpr std::size_t jitStackStart = std::size_t{32} << 10U;
-constexpr std::size_t jitStackMost = std::size_t{512} << 10U;
-constexpr int patience = 16;
 /// How many expressions are joined into one at most.
 constexpr std::size_t largestGroup = 64;
 
-constexpr std::uint32_t options =
-    PCRE2_CASELESS | PCRE2_UTF | PCRE2_UCP | PCRE2_MATCH_INVALID_UTF | PCRE2_NEVER_BACKSLASH_C;
-
-template <auto release>
-struct Release {
-    template <class T>
-    void operator()(T* object) const {
-        release(object);
-    }
-};
-template <class T, auto release>
-using Owned = std::unique_ptr<T, Release<release>>;
-
-using Code = Owned<pcre2_code, pcre2_code_free>;
-
-Code compile(const std::string& text) {
-    int error = 0;
-    std::size_t offset = 0;
-    const auto* const bytes = reinterpret_cast<PCRE2_SPTR>(text.data());
-    Code code(pcre2_compile(bytes, text.size(), options, &error, &offset, nullptr));
-    // where it fails, the interpreter matches, within the same limits
-    if (code) pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
-    return code;
-}
-
-std::size_t sizeOf(const Code& code) {
-    std::size_t size = 0;
-    pcre2_pattern_info(code.get(), PCRE2_INFO_SIZE, &size);
-    return size;
-}
-
-/// What a thread needs to match; made once, because it costs more than most matches.
-struct Workspace {
-    Owned<pcre2_match_data, pcre2_match_data_free> data{pcre2_match_data_create(1, nullptr)};
-    Owned<pcre2_match_context, pcre2_match_context_free> context{
-        pcre2_match_context_create(nullptr)};
-    Owned<pcre2_jit_stack, pcre2_jit_stack_free> stack{
-        pcre2_jit_stack_create(jitStackStart, jitStackMost, nullptr)};
-
-    Workspace() {
-        pcre2_set_match_limit(context.get(), matchLimit);
-        pcre2_set_depth_limit(context.get(), depthLimit);
-        pcre2_set_heap_limit(context.get(), heapLimitKiB);
-        pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
-    }
-};
-
-enum class Answer { Yes, No, GaveUp };
-
-Answer match(const Code& code, std::string_view path) {
-    thread_local const Workspace workspace;
-    const auto* const bytes = reinterpret_cast<PCRE2_SPTR>(path.data());
-    const int result = pcre2_match(code.get(), bytes, path.size(), 0, 0, workspace.data.get(),
-                                   workspace.context.get());
-    if (result >= 0) return Answer::Yes;
-    return result == PCRE2_ERROR_NOMATCH ? Answer::No : Answer::GaveUp;
-}
+// What slow matches may take in all: expressions share the time evenly, within two ends.
+constexpr nanoseconds budget = 500ms;
+constexpr nanoseconds smallestShare = 5ms;
+constexpr nanoseconds largestShare = 50ms;
+/// Quicker matches cost nothing.
+constexpr nanoseconds slow = 200us;
+/// A match that gives up costs at least this part of the share.
+constexpr int mostFailures = 16;
 
 /// Whether the expression means the same as one of several alternatives: it refers to no group by
 /// number or name, and sets nothing that would reach beyond its end. What only looks so is tried
@@ -108,19 +55,20 @@ bool canBeJoined(std::string_view text) {
 }
 
 struct Expression {
-    Expression(std::string given, Code compiled)
-        : text(std::move(given)), code(std::move(compiled)) {}
+    Expression(std::string given, BoundedRegex compiled)
+        : text(std::move(given)), regex(std::move(compiled)) {}
 
     std::string text;
-    Code code;
-    std::atomic<int> timesGivenUp = 0;
+    BoundedRegex regex;
+    std::atomic<nanoseconds::rep> spent = 0;
+    std::atomic<bool> isReported = false;
 };
 
-/// Expressions that are tried as one, until that gives up: then one of them is to be found that is
-/// too slow, and they are tried one by one.
+/// Expressions that are tried as one, until that is slow or gives up: then one of them is to be
+/// found that is too slow, and they are tried one by one.
 struct Group {
     std::vector<std::unique_ptr<Expression>> members;
-    Code joined;
+    std::optional<BoundedRegex> joined;
     std::atomic<bool> split = false;
 };
 
@@ -138,6 +86,9 @@ class FolderPatterns::Set {
             add(text);
         for (auto& group : groups_)
             join(*group);
+        if (size_ != 0)
+            share_ = std::clamp(budget / static_cast<nanoseconds::rep>(size_), smallestShare,
+                                largestShare);
     }
 
     [[nodiscard]] std::size_t size() const { return size_; }
@@ -149,9 +100,10 @@ class FolderPatterns::Set {
 
  private:
     void add(const std::string& text) {
-        Code code = text.size() <= longestExpression ? compile(text) : nullptr;
-        const std::size_t codeSize = code ? sizeOf(code) : 0;
-        if (!code || codeSize > largestCode || codeSizes_ + codeSize > largestCodes) {
+        auto regex =
+            text.size() <= longestExpression ? BoundedRegex::compile(text, true) : std::nullopt;
+        const std::size_t codeSize = regex ? regex->size() : 0;
+        if (!regex || codeSize > largestCode || codeSizes_ + codeSize > largestCodes) {
             quelm::LogError("Unable to create regular expression from string: " + cut(text));
             return;
         }
@@ -163,36 +115,45 @@ class FolderPatterns::Set {
         }
         Group& group = *groups_.back();
         open_ = joinable ? &group : nullptr;
-        group.members.push_back(std::make_unique<Expression>(text, std::move(code)));
+        group.members.push_back(std::make_unique<Expression>(text, std::move(*regex)));
     }
 
     static void join(Group& group) {
         std::string all;
         for (const auto& member : group.members)
             all += (all.empty() ? "(?:" : "|(?:") + member->text + ")";
-        if (group.members.size() > 1) group.joined = compile(all);
+        if (group.members.size() > 1) group.joined = BoundedRegex::compile(all, false);
         group.split = !group.joined;
     }
 
-    static bool matches(Group& group, std::string_view path) {
+    [[nodiscard]] bool matches(Group& group, std::string_view path) const {
         if (!group.split) {
-            const Answer answer = match(group.joined, path);
-            if (answer != Answer::GaveUp) return answer == Answer::Yes;
-            group.split = true;
+            const auto [answer, took] = group.joined->match(path);
+            const bool gaveUp = answer == BoundedRegex::Answer::GaveUp;
+            if (gaveUp || took > BoundedRegex::patience) group.split = true;
+            if (!gaveUp) return answer == BoundedRegex::Answer::Yes;
         }
         return std::ranges::any_of(group.members,
                                    [&](const auto& member) { return matches(*member, path); });
     }
 
-    static bool matches(Expression& expression, std::string_view path) {
-        if (expression.timesGivenUp >= patience) return false;
-        const Answer answer = match(expression.code, path);
-        if (answer == Answer::GaveUp && expression.timesGivenUp++ == 0) {
-            quelm::LogWarning(
-                "A pattern of storage_exceptions.xml is too slow and counts as not matching: " +
-                cut(expression.text));
+    [[nodiscard]] bool matches(Expression& expression, std::string_view path) const {
+        if (expression.spent >= share_.count()) return false;
+        const auto [answer, took] = expression.regex.match(path);
+        const bool gaveUp = answer == BoundedRegex::Answer::GaveUp;
+        if (gaveUp || took > slow) {
+            const nanoseconds cost = gaveUp ? std::max(took, share_ / mostFailures + 1ns) : took;
+            const bool isUsedUp = (expression.spent += cost.count()) >= share_.count();
+            if (gaveUp || isUsedUp) report(expression);
         }
-        return answer == Answer::Yes;
+        return answer == BoundedRegex::Answer::Yes;
+    }
+
+    static void report(Expression& expression) {
+        if (expression.isReported.exchange(true)) return;
+        quelm::LogWarning(
+            "A pattern of storage_exceptions.xml is too slow and counts as not matching: " +
+            cut(expression.text));
     }
 
     std::vector<std::unique_ptr<Group>> groups_;
@@ -200,6 +161,8 @@ class FolderPatterns::Set {
     Group* open_ = nullptr;
     std::size_t size_ = 0;
     std::size_t codeSizes_ = 0;
+    /// What each expression may spend on slow matches before it is not tried any more.
+    nanoseconds share_ = largestShare;
 };
 
 FolderPatterns::FolderPatterns(const std::vector<std::string>& expressions)

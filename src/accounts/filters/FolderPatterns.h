@@ -13,8 +13,8 @@ namespace orv {
 /// Any thread.
 ///
 /// The expressions come from a server, so no expression may hold up a scan: compiling and matching
-/// are bounded. One that reaches a bound on a path counts as not matching it, which is logged once;
-/// one that does so again and again is not tried any more.
+/// are bounded. One that reaches a bound on a path counts as not matching it, and one whose slow
+/// matches have used up its share of time is not tried any more; either is logged once.
 class FolderPatterns {
  public:
     FolderPatterns() = default;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "foundation/texts/CaseFolding.h"
 
@@ -157,13 +158,35 @@ class Bracket {
     bool matched_ = false;
 };
 
+/// The places of a pattern where a "[" turned out to stand for itself, for which all that follows
+/// was read: once is enough.
+class LoneBrackets {
+ public:
+    [[nodiscard]] bool contains(std::size_t at) const { return at < isLone_.size() && isLone_[at]; }
+    void add(std::size_t at, std::size_t patternSize) {
+        isLone_.resize(patternSize);
+        isLone_[at] = true;
+    }
+
+ private:
+    std::vector<bool> isLone_;
+};
+
+Step matchBracket(std::string_view pattern, std::size_t at, char byte, LoneBrackets& lone) {
+    if (byte != '[') return Bracket(pattern, at + 1, byte).evaluate();
+    if (lone.contains(at)) return {true, at + 1};
+    const Step step = Bracket(pattern, at + 1, byte).evaluate();
+    if (step.matches && step.next == at + 1) lone.add(at, pattern.size());
+    return step;
+}
+
 /// Matches one byte by what stands at `at`, which is no "*".
-Step matchByte(std::string_view pattern, std::size_t at, char byte) {
+Step matchByte(std::string_view pattern, std::size_t at, char byte, LoneBrackets& lone) {
     switch (pattern[at]) {
         case '?':
             return {true, at + 1};
         case '[':
-            return Bracket(pattern, at + 1, byte).evaluate();
+            return matchBracket(pattern, at, byte, lone);
         case '\\':
             if (++at == pattern.size()) return {false, at};
             [[fallthrough]];
@@ -180,13 +203,15 @@ bool MatchesShellPattern(std::string_view pattern, std::string_view name) {
     std::size_t afterStar = none;
     // where the last star's share of the name ends; it grows until the rest fits
     std::size_t starEnd = 0;
+    LoneBrackets lone;
     for (std::size_t i = 0; i < name.size();) {
         if (at < pattern.size() && pattern[at] == '*') {
             afterStar = ++at;
             starEnd = i;
             continue;
         }
-        const Step step = at < pattern.size() ? matchByte(pattern, at, name[i]) : Step{false, at};
+        const Step step =
+            at < pattern.size() ? matchByte(pattern, at, name[i], lone) : Step{false, at};
         if (step.matches) {
             at = step.next;
             ++i;
