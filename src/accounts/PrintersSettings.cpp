@@ -52,29 +52,50 @@ std::string orv_PrintersSettings::path() {
 }
 
 void orv_PrintersSettings::createListOfPrinters(bool rebuild) {
-    if (rebuild || !printerInfoDictionaries) printerInfoDictionaries = getArrayOfPrinters();
+    if (rebuild || !printerInfoDictionaries) printerInfoDictionaries = liveRows();
 }
 
 quelm::Array orv_PrintersSettings::getArrayOfPrinters() {
+    return liveRows().value_or(quelm::Array());
+}
+
+std::optional<quelm::Array> orv_PrintersSettings::liveRows() {
+    const auto printers = printers_ ? printers_->list() : std::nullopt;
+    if (!printers) return std::nullopt;
     const bool hasFile = isTherePrintersPropertyList();
     if (hasFile) readTemporaryList();
     quelm::Array rows;
-    for (const auto& printer : printers_ ? printers_->list() : std::vector<platform::Printer>()) {
-        if (!quelm::IsXmlText(printer.id)) continue;  // no file could name it
-        const auto* const known = hasFile ? temporaryEntry(printer.id) : nullptr;
-        // from the file's entry, for the keys that others have put there
-        quelm::Dictionary row = known ? *known : quelm::Dictionary();
-        const bool checked = hasFile ? GetBoolProperty(row, checkKey) : printer.isDefault;
-        row.set(idKey, printer.id);
-        row.set(nameKey, quelm::IsXmlText(printer.name) ? printer.name : printer.id);
-        row.set(checkKey, checked);
-        rows.emplace_back(std::move(row));
+    for (const auto& printer : *printers) {
+        // no file could name others
+        if (quelm::IsXmlText(printer.id)) rows.emplace_back(liveRow(printer, hasFile));
     }
     return rows;
 }
 
+quelm::Dictionary orv_PrintersSettings::liveRow(const platform::Printer& printer,
+                                                bool hasFile) const {
+    const auto* const known = hasFile ? temporaryEntry(printer.id) : nullptr;
+    // from the file's entry, for the keys that others have put there
+    quelm::Dictionary row = known ? *known : quelm::Dictionary();
+    const bool checked = hasFile ? GetBoolProperty(row, checkKey) : printer.isDefault;
+    row.set(idKey, printer.id);
+    row.set(nameKey, quelm::IsXmlText(printer.name) ? printer.name : printer.id);
+    row.set(checkKey, checked);
+    return row;
+}
+
 bool orv_PrintersSettings::store() {
     createListOfPrinters(false);
+    if (!printerInfoDictionaries) {
+        printError({.domain = SettingsError::settingsDomain,
+                    .description = quelm::GetLocalizedString(
+                        "Printers.NoList",
+                        "The printing system does not answer, so the printers were left as they "
+                        "are. Start it and try again."),
+                    .info = {},
+                    .filePath = path()});
+        return false;
+    }
     const auto data = getData();
     if (!data || !storeData(*data, path(), ownerOnly)) return false;
     NotifyAgentSettingsChanged("1", HintPrinters);

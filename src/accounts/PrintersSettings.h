@@ -24,10 +24,11 @@ class orv_PrintersSettings {
     /// Builds the live list where there is none; with `rebuild` in any case.
     void createListOfPrinters(bool rebuild);
     /// A list of the printers that are there now. A printer is checked as the file has it; while
-    /// there is no file, the default printer is.
+    /// there is no file, the default printer is. Empty when the printing system does not answer.
     [[nodiscard]] quelm::Array getArrayOfPrinters();
     /// Writes the live list, which is built first where there is none, readable by the owner alone,
-    /// and tells the agent of account "1".
+    /// and tells the agent of account "1". While the printing system does not answer, that is shown
+    /// and the file stays.
     bool store();
 
     /// The live list as a property list.
@@ -62,6 +63,8 @@ class orv_PrintersSettings {
 
  private:
     [[nodiscard]] static std::string path();
+    [[nodiscard]] std::optional<quelm::Array> liveRows();
+    [[nodiscard]] quelm::Dictionary liveRow(const platform::Printer& printer, bool hasFile) const;
     [[nodiscard]] const quelm::Array& list() const;
     [[nodiscard]] std::string textAtIndex(std::size_t index, const char* key) const;
     void readTemporaryList();
@@ -70,6 +73,7 @@ class orv_PrintersSettings {
 
     platform::Printers* printers_;
     Alerts* alerts_;
+    /// None until the printing system has answered.
     std::optional<quelm::Array> printerInfoDictionaries;
     quelm::Array tempPrinterInfoDictionaries;
 };

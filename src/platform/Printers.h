@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@ class Printers {
  public:
     virtual ~Printers() = default;
 
-    /// In the printing system's order; empty when that does not answer.
-    [[nodiscard]] virtual std::vector<Printer> list() = 0;
+    /// In the printing system's order; none when that does not answer.
+    [[nodiscard]] virtual std::optional<std::vector<Printer>> list() = 0;
     /// Unknown for a printer that is not there and when nothing answers.
     [[nodiscard]] virtual PrinterState state(const std::string& id) = 0;
 };

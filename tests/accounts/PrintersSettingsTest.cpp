@@ -1,5 +1,6 @@
 #include <cerrno>
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/stat.h>
 
 #include "accounts/PrintersSettings.h"
@@ -147,23 +148,42 @@ TEST_F(PrintersSettings, ShowWhatKeepsTheFileFromBeingWritten) {
 }
 
 TEST_F(PrintersSettings, AreKeptInACopyWhenTheirFileCannotBeRead) {
+    std::set<std::string> kept;
     for (const char* content : {"no list", "<plist><dict/></plist>"}) {
         folder_.makeFile("printer_info.plist", content);
         log_.clear();
+        settings_ = {&printers_, &alerts_};
         settings_.createListOfPrinters(true);
         EXPECT_EQ(listed(), "Laser- Ink- ") << content;
         EXPECT_EQ(log_.size(), 1U) << content;
         EXPECT_TRUE(log_.at(0).starts_with("ERROR: Shared Folders Settings load: failed with "));
+        EXPECT_TRUE(settings_.store());
+        kept.insert(content);
     }
-    folder_.makeFile("printer_info.plist", "no list");
-    EXPECT_TRUE(settings_.store());
-    int copies = 0;
+    std::set<std::string> copies;
     for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
-        if (entry.path().string().find(".damaged-") == std::string::npos) continue;
-        EXPECT_EQ(test_support::ContentOf(entry.path()), "no list");
-        ++copies;
+        if (entry.path().string().find(".damaged-") != std::string::npos)
+            copies.insert(test_support::ContentOf(entry.path()));
     }
-    EXPECT_EQ(copies, 1);
+    EXPECT_EQ(copies, kept);
+}
+
+TEST_F(PrintersSettings, StayAsTheyAreWhileThePrintingSystemDoesNotAnswer) {
+    writeFile({Dictionary{{"printer_id", "ink"}, {"user_check", true}}});
+    const quelm::Value before = fileContent();
+    settings_.createListOfPrinters(true);
+    printers_.answers = false;
+    settings_.createListOfPrinters(true);
+    EXPECT_EQ(listed(), "");
+    EXPECT_TRUE(settings_.getArrayOfPrinters().empty());
+    EXPECT_FALSE(settings_.store());
+    EXPECT_EQ(fileContent(), before);
+    ASSERT_EQ(alerts_.shown.size(), 1U);
+    EXPECT_TRUE(alerts_.shown[0].alert.message.ends_with("\nPath: " + file_));
+    EXPECT_TRUE(center_->posted().empty());
+    printers_.answers = true;
+    EXPECT_TRUE(settings_.store());
+    EXPECT_EQ(listed(), "Laser- Ink+ ");
 }
 
 TEST_F(PrintersSettings, ErrorsAreToldByTheirDomain) {

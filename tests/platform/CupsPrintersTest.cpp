@@ -59,8 +59,10 @@ class CupsPrinters : public testing::Test {
         return lpadmin(words);
     }
     [[nodiscard]] std::string described() {
+        const auto printers = printers_.list();
+        if (!printers) return "no answer";
         std::string text;
-        for (const auto& [id, name, isDefault] : printers_.list()) {
+        for (const auto& [id, name, isDefault] : *printers) {
             text += id + "=" + name + (isDefault ? "*;" : ";");
         }
         return text;
@@ -95,7 +97,7 @@ TEST_F(CupsPrinters, AreTheQueuesOfTheServerWithTheirStates) {
 }
 
 TEST_F(CupsPrinters, AreNoneWithoutAServerWhichIsSaidOnce) {
-    EXPECT_EQ(described(), "");
+    EXPECT_EQ(described(), "no answer");
     EXPECT_EQ(printers_.state("first"), PrinterState::Unknown);
     ASSERT_EQ(reports_.size(), 1U);
     EXPECT_NE(reports_[0].find("Install and start the package cups"), std::string::npos)
@@ -108,7 +110,7 @@ TEST_F(CupsPrinters, AreGivenUpOnAServerThatHangsAndComeBackWithIt) {
     server_.signal(SIGSTOP);
     for (int call = 0; call < 2; ++call) {
         const auto start = std::chrono::steady_clock::now();
-        EXPECT_EQ(described(), "");
+        EXPECT_EQ(described(), "no answer");
         EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
     }
     server_.signal(SIGCONT);

@@ -80,11 +80,13 @@ class CupsPrinters::Connection {
         }
     }
 
-    [[nodiscard]] const std::vector<Queue>& queues() const { return queues_; }
+    /// None when the server did not say.
+    [[nodiscard]] const std::optional<std::vector<Queue>>& queues() const { return queues_; }
 
     /// Empty for none.
     [[nodiscard]] std::string defaultId() const {
-        const char* const id = queues_.empty() ? nullptr : cups_.cupsGetDefault2(http_.get());
+        const bool hasQueues = queues_ && !queues_->empty();
+        const char* const id = hasQueues ? cups_.cupsGetDefault2(http_.get()) : nullptr;
         return id != nullptr ? id : "";
     }
 
@@ -105,7 +107,9 @@ class CupsPrinters::Connection {
         if (response &&
             cups_.ippGetStatusCode(response.get()) < IPP_STATUS_REDIRECTION_OTHER_SITE) {
             queues_ = queuesOf(cups_, response.get());
-        } else if (cups_.cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {  // that is: no queues
+        } else if (cups_.cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+            queues_.emplace();
+        } else {
             reporter.report("The printing system at " + server_ +
                             " does not say which printers it has: " + cups_.cupsLastErrorString() +
                             ". Restart the service cups.");
@@ -115,7 +119,7 @@ class CupsPrinters::Connection {
     const CupsLibrary& cups_;
     std::string server_;
     std::unique_ptr<http_t, decltype(cups_.httpClose)> http_;
-    std::vector<Queue> queues_;
+    std::optional<std::vector<Queue>> queues_;
 };
 
 CupsPrinters::CupsPrinters(Reporter reporter, std::string server, std::chrono::milliseconds limit)
@@ -129,13 +133,14 @@ const CupsLibrary* CupsPrinters::library() {
     return cups;
 }
 
-std::vector<Printer> CupsPrinters::list() {
+std::optional<std::vector<Printer>> CupsPrinters::list() {
     const CupsLibrary* const cups = library();
-    if (cups == nullptr) return {};
+    if (cups == nullptr) return std::nullopt;
     const Connection connection(*this, *cups);
+    if (!connection.queues()) return std::nullopt;
     const std::string defaultId = connection.defaultId();
     std::vector<Printer> printers;
-    for (const auto& [id, info, state] : connection.queues()) {
+    for (const auto& [id, info, state] : *connection.queues()) {
         printers.push_back({id, info.empty() ? id : info, id == defaultId});
     }
     return printers;
@@ -145,8 +150,9 @@ PrinterState CupsPrinters::state(const std::string& id) {
     const CupsLibrary* const cups = library();
     if (cups == nullptr) return PrinterState::Unknown;
     const Connection connection(*this, *cups);
-    const auto found = std::ranges::find(connection.queues(), id, &Queue::id);
-    return found != connection.queues().end() ? stateOf(found->state) : PrinterState::Unknown;
+    if (!connection.queues()) return PrinterState::Unknown;
+    const auto found = std::ranges::find(*connection.queues(), id, &Queue::id);
+    return found != connection.queues()->end() ? stateOf(found->state) : PrinterState::Unknown;
 }
 
 }  // namespace platform

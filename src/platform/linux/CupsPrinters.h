@@ -19,7 +19,7 @@ class CupsPrinters final : public Printers {
                           std::chrono::milliseconds limit = std::chrono::seconds(1));
 
     /// The default is the user's own (lpoptions, LPDEST, PRINTER), else the server's.
-    [[nodiscard]] std::vector<Printer> list() override;
+    [[nodiscard]] std::optional<std::vector<Printer>> list() override;
     [[nodiscard]] PrinterState state(const std::string& id) override;
 
  private:
