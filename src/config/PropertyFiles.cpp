@@ -17,9 +17,10 @@ using quelm::Value;
 /// What a file of other data may hold at most, in bytes.
 constexpr std::size_t maximumDataFile = std::size_t{256} << 20U;
 
-std::optional<Value> ReadPropertiesFile(const LockedFile& file) {
+quelm::PropertyListResult ReadPropertiesFile(const LockedFile& file) {
     const auto content = file.read(quelm::PropertyListLimits{}.bytes);
-    return content ? quelm::ReadPropertyList(content->view()).value : std::nullopt;
+    if (content) return quelm::ReadPropertyList(content->view());
+    return {std::nullopt, LastError()};
 }
 
 /// Present content that is neither sound nor empty is copied before it goes.
@@ -43,7 +44,7 @@ bool WritePropertiesFile(LockedFile& file, const std::string& path, const Value&
 /// Whether the file holds what the new content may take the place of: a list of its type.
 bool holdsAnother(const LockedFile& file, const Value& properties) {
     if (IsKnownSound(file, properties.type())) return true;
-    const auto present = ReadPropertiesFile(file);
+    const auto present = ReadPropertiesFile(file).value;
     return present && present->type() == properties.type();
 }
 
@@ -52,8 +53,13 @@ bool holdsAnother(const LockedFile& file, const Value& properties) {
 std::optional<Value> LoadPropertiesFromFile(const std::string& path) {
     const LockedFile file(path);
     if (!file) return std::nullopt;
-    auto properties = ReadPropertiesFile(file);
-    if (properties) RememberSound(file, properties->type());
+    auto [properties, error] = ReadPropertiesFile(file);
+    if (properties) {
+        RememberSound(file, properties->type());
+    } else if (!file.isEmpty()) {
+        quelm::LogError(fmt::format(
+            "{} cannot be read and is not used: {}. Move it away to begin anew.", path, error));
+    }
     return properties;
 }
 
@@ -76,7 +82,7 @@ FileEdit EditPropertiesInFile(const std::string& path,
                               const std::function<bool(quelm::Dictionary&)>& edit) {
     LockedFile file(path);
     if (!file) return FileEdit::CannotOpen;
-    auto properties = ReadPropertiesFile(file);
+    auto properties = ReadPropertiesFile(file).value;
     const bool isSound = properties && properties->asDictionary() != nullptr;
     if (!isSound) properties = CreateEmptyProperties();
     if (!edit(*properties->asDictionary())) return FileEdit::Done;

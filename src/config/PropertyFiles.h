@@ -19,7 +19,7 @@ namespace orv {
 // it is. Space for the new content is
 // reserved before the first byte changes, so that a full disk leaves the old content.
 
-/// Nothing for a file that cannot be opened, is empty or cannot be parsed.
+/// Nothing for a file that cannot be opened, is empty or cannot be parsed; the last is logged.
 [[nodiscard]] std::optional<quelm::Value> LoadPropertiesFromFile(const std::string& path);
 [[nodiscard]] std::optional<quelm::Value> LoadArrayFromFile(const std::string& path);
 

@@ -27,9 +27,8 @@ class FilterSettings : public testing::Test {
         orv::ClearConfigBasePath();
     }
 
-    void putExceptions(std::string_view types) {
-        folder.makeFile("storage_exceptions.xml", "<backup-exclusions><types>" +
-                                                      std::string(types) +
+    void putExceptions(const std::string& types) {
+        folder.makeFile("storage_exceptions.xml", "<backup-exclusions><types>" + types +
                                                       "</types><patterns/></backup-exclusions>");
     }
     /// The type that the list gives, or -1.
@@ -99,14 +98,30 @@ TEST_F(FilterSettings, StoringKeepsWhatItDoesNotKnow) {
 TEST_F(FilterSettings, AFileThatCannotBeReadOrWrittenLosesNothing) {
     orv_FilterSettings settings(folder.path());
     settings.addExcludeFilter("a");
-    for (const char* content : {"", "<plist><dict>", "\0\1\2", "<plist><array/></plist>"}) {
+    const std::string bad[] = {"<plist><dict>", std::string("\0\1\2", 3),
+                               "<plist><array/></plist>"};
+    for (const std::string& content : bad) {
         folder.makeFile("filter_info.plist", content);
+        log.clear();
         EXPECT_TRUE(settings.load());
+        EXPECT_THAT(log, ElementsAre(HasSubstr(file))) << content;
         EXPECT_THAT(settings.excludeFilters(), ElementsAre("a"));
+        EXPECT_TRUE(settings.store());
+        EXPECT_EQ(orv::LoadPropertiesFromFile(file),
+                  quelm::Value(Dictionary{{"exclude", Array{"a"}}}));
     }
-    for (const std::string& bad : {std::string("\0*", 2), std::string("\xff"), std::string("\1")})
-        EXPECT_FALSE(settings.addExcludeFilter(bad));
-    EXPECT_THAT(settings.excludeFilters(), ElementsAre("a"));
+    std::vector<std::string> copies;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        if (entry.path() != file) copies.push_back(test_support::ContentOf(entry.path()));
+    }
+    EXPECT_THAT(copies, testing::UnorderedElementsAreArray(bad));
+    for (const std::string& text :
+         {std::string("\0*", 2), std::string("\xff"), std::string("\1"), std::string(1'025, 'a')}) {
+        EXPECT_FALSE(settings.addExcludeFilter(text));
+        if (text.size() <= 2) settings.setPredefIncludeFilter(text, true);
+    }
+    EXPECT_TRUE(settings.store());
+    EXPECT_EQ(orv::LoadPropertiesFromFile(file), quelm::Value(Dictionary{{"exclude", Array{"a"}}}));
 
     EXPECT_TRUE(settings.storeToSpecificPath(folder / "no-folder/file.plist"));
     EXPECT_THAT(log, testing::Contains(HasSubstr("no-folder/file.plist: cannot be opened")));
@@ -145,6 +160,20 @@ TEST_F(FilterSettings, TheExcludeListHoldsTheUsersPatternsAndThenTheServers) {
     putExceptions("");
     EXPECT_EQ(settings.excludeFilterList().all().size(), 1U) << "read anew";
     EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(FilterSettings, PatternsThatAreTooLongAreLeftOutWithOneLineAFile) {
+    const std::string longest(1'024, '?');
+    orv::StorePropertiesToFile(
+        file, Dictionary{{"exclude", Array{longest + "1", longest + "2", longest, "*.b"}}});
+    orv_FilterSettings settings(folder.path());
+    settings.load();
+    putExceptions("<t>" + longest + "3</t><t>*.c</t>");
+    const auto list = settings.excludeFilterList();
+    EXPECT_EQ(list.all().size(), 3U);
+    EXPECT_EQ(typeOf(list, "a.c"), 9);
+    EXPECT_THAT(
+        log, ElementsAre(HasSubstr("filter_info.plist: "), HasSubstr("storage_exceptions.xml: ")));
 }
 
 }  // namespace

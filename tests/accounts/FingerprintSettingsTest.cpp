@@ -16,12 +16,13 @@ using quelm::Dictionary;
 class FingerprintSettings : public testing::Test {
  protected:
     FingerprintSettings() {
-        quelm::SetLogSink([](std::string_view) {});
+        quelm::SetLogSink([this](std::string_view) { ++logged_; });
     }
     ~FingerprintSettings() override { quelm::SetLogSink({}); }
 
     test_support::ProcessNotifications center_;
     test_support::TemporaryFolder folder_;
+    int logged_ = 0;
     const Array rows_ = {Dictionary{{"any", "key"}}, 3, "text"};
 };
 
@@ -50,7 +51,9 @@ TEST_F(FingerprintSettings, KeepWhatTheyHaveWhenThereIsNothingToRead) {
     for (const std::string& content :
          {std::string("<plist>"), *quelm::WritePropertyList(Dictionary{{"a", 1}})}) {
         folder_.makeFile("finger_prints.plist", content);
+        logged_ = 0;
         EXPECT_FALSE(settings.load());
+        EXPECT_EQ(logged_, 1) << content;
         EXPECT_EQ(settings.getFingerprintsArray(), rows_);
     }
     EXPECT_FALSE(settings.loadFromSpecificPath(folder_ / "no/such"));

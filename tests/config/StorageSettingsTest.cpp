@@ -168,10 +168,11 @@ TEST_F(StorageSettings, ASelectionThatCannotBeReadIsNeverReplacedByAnEmptyOne) {
         orv_StorageSettings fresh(folder.path());
         EXPECT_FALSE(fresh.load());
         fresh.removeTopLevelPath("/");
+        log.clear();
         EXPECT_FALSE(fresh.store());
+        EXPECT_EQ(log.size(), 1U);
         EXPECT_EQ(test_support::ContentOf(path), content);
     }
-    EXPECT_EQ(log.size(), 3U);
     // what the user selects now may take its place; the old content is kept beside it
     settings.setPathsAndFlags({row("/a")});
     EXPECT_TRUE(settings.store());

@@ -48,9 +48,28 @@ std::vector<std::string> stringsOf(const quelm::Dictionary& settings, const char
     return strings;
 }
 
-void addAll(orv_FilterList& list, const std::vector<std::string>& patterns, EFilterType type) {
-    for (const std::string& pattern : patterns)
-        list.addFilter(pattern.c_str(), type);
+bool isUsable(const std::string& pattern) {
+    return pattern.size() <= orv_FilterSettings::longestPattern &&
+           pattern.find('\0') == pattern.npos;
+}
+
+/// What is not usable is left out, with one line for all of it; `file` is where they come from.
+void addAll(orv_FilterList& list, const std::vector<std::string>& patterns, EFilterType type,
+            const char* file) {
+    std::vector<std::string_view> leftOut;
+    for (const std::string& pattern : patterns) {
+        if (isUsable(pattern)) {
+            list.addFilter(pattern.c_str(), type);
+        } else {
+            leftOut.push_back(pattern);
+        }
+    }
+    if (leftOut.empty()) return;
+    constexpr std::size_t shown = 60;
+    quelm::LogError(fmt::format(
+        "{}: patterns that are longer than {} bytes or hold a NUL are not used: {}, the first of "
+        "which begins with \"{}\". Take them out.",
+        file, orv_FilterSettings::longestPattern, leftOut.size(), leftOut[0].substr(0, shown)));
 }
 
 }  // namespace
@@ -67,6 +86,9 @@ bool orv_FilterSettings::loadFromSpecificPath(const std::string& file) {
     auto loaded = file.empty() ? std::nullopt : LoadPropertiesFromFile(file);
     quelm::Dictionary* const dictionary = loaded ? loaded->asDictionary() : nullptr;
     if (dictionary) settings = std::move(*dictionary);
+    if (loaded && !dictionary) {
+        quelm::LogError(file + " holds no filter settings and is not used. Remove it.");
+    }
     return true;
 }
 
@@ -99,7 +121,7 @@ bool orv_FilterSettings::predefIncludeFilterValue(const std::string& category) c
 }
 
 void orv_FilterSettings::setPredefIncludeFilter(const std::string& category, bool value) {
-    SetBoolProperty(settings, category.c_str(), value);
+    if (quelm::IsXmlText(category)) SetBoolProperty(settings, category.c_str(), value);
 }
 
 std::vector<std::string> orv_FilterSettings::includeFilters() const {
@@ -111,7 +133,7 @@ std::vector<std::string> orv_FilterSettings::excludeFilters() const {
 }
 
 bool orv_FilterSettings::addExcludeFilter(const std::string& pattern) {
-    if (!quelm::IsXmlText(pattern)) return false;
+    if (!isUsable(pattern) || !quelm::IsXmlText(pattern)) return false;
     quelm::Value* value = settings.find(excludePatterns);
     if (!value || !value->asArray()) {
         settings.set(excludePatterns, quelm::Array{});
@@ -159,14 +181,14 @@ orv_FilterList orv_FilterSettings::includeFilterList() const {
             list.addFilters(category.type, category.patterns);
         }
     }
-    addAll(list, includeFilters(), FILTER_INCLUDED);
+    addAll(list, includeFilters(), FILTER_INCLUDED, files::filterInfo);
     return list;
 }
 
 orv_FilterList orv_FilterSettings::excludeFilterList() const {
     orv_FilterList list(false);
-    addAll(list, excludeFilters(), FILTER_EXCLUDED);
-    addAll(list, excludeFileTypes(), FILTER_EXCLUDED);
+    addAll(list, excludeFilters(), FILTER_EXCLUDED, files::filterInfo);
+    addAll(list, excludeFileTypes(), FILTER_EXCLUDED, files::storageExceptions);
     return list;
 }
 

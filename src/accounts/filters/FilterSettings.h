@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ namespace orv {
 /// an account. Keys that it does not know stay as they are. One thread at a time.
 class orv_FilterSettings {
  public:
+    /// In bytes; longer patterns are logged and not used.
+    static constexpr std::size_t longestPattern = 1'024;
+
     /// The defaults, to be kept in a configuration folder; nothing is read yet. Without a folder
     /// there is no file.
     explicit orv_FilterSettings(const std::string& folder);
@@ -33,11 +37,12 @@ class orv_FilterSettings {
     void setIncludeAllFiles(bool value);
     /// False for what is no category.
     [[nodiscard]] bool predefIncludeFilterValue(const std::string& category) const;
+    /// Any name is kept, except one that no property list can hold.
     void setPredefIncludeFilter(const std::string& category, bool value);
 
     [[nodiscard]] std::vector<std::string> includeFilters() const;
     [[nodiscard]] std::vector<std::string> excludeFilters() const;
-    /// False, with nothing changed, for a text that no property list can hold.
+    /// False, with nothing changed, for one that is too long or that no property list can hold.
     bool addExcludeFilter(const std::string& pattern);
     /// Removes every entry that equals the pattern.
     void removeExcludeFilter(const std::string& pattern);
