@@ -10,9 +10,12 @@
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
 #include "cli/Complaint.h"
+#include "cli/ReadableFile.h"
 #include "cli/SettingsChange.h"
 #include "config/ConfigurationPath.h"
+#include "config/Locations.h"
 #include "foundation/system/LocalizedString.h"
+#include "foundation/texts/VisibleText.h"
 
 namespace orv::cli {
 
@@ -25,9 +28,14 @@ using quelm::GetLocalizedString;
 /// The word for all files, beside the categories.
 constexpr std::string_view everything = "all";
 
-orv_FilterSettings loadSettings() {
-    orv_FilterSettings settings(GetConfigurationPath());
-    settings.load();
+/// None, after a message, when there is a file that cannot be read.
+std::optional<orv_FilterSettings> loadSettings(Console& console) {
+    if (!IsAbsentOrReadable(GetConfigurationPath(files::filterInfo), quelm::Value::Type::Dictionary,
+                            console)) {
+        return std::nullopt;
+    }
+    std::optional<orv_FilterSettings> settings(GetConfigurationPath());
+    settings->load();
     return settings;
 }
 
@@ -63,8 +71,9 @@ void printSettings(std::ostream& out, const orv_FilterSettings& settings) {
     }
     const auto printList = [&out](const std::string& label, const std::vector<std::string>& list) {
         const std::string none = GetLocalizedString("Filters.None", "none");
-        fmt::print(out, "{}: {}\n", label,
-                   list.empty() ? none : fmt::format("{}", fmt::join(list, ", ")));
+        fmt::print(
+            out, "{}: {}\n", label,
+            list.empty() ? none : quelm::VisibleText(fmt::format("{}", fmt::join(list, ", "))));
     };
     printList(GetLocalizedString("Filters.Include", "also included"), settings.includeFilters());
     printList(GetLocalizedString("Filters.Exclude", "excluded"), settings.excludeFilters());
@@ -131,11 +140,12 @@ std::string describe(const Verdict& verdict) {
 
 /// Whether the file now says the same; storing itself tells a failure only in the log.
 bool storeAndCheck(const orv_FilterSettings& settings) {
-    return settings.store() && asJson(loadSettings()) == asJson(settings);
+    orv_FilterSettings stored(GetConfigurationPath());
+    return settings.store() && stored.load() && stored.isEqualToAgentSettings(settings);
 }
 
 /// Stores the changed settings, shows them with --json, and tells the agent.
-ExitCode finishChange(const orv_FilterSettings& settings, std::uint32_t hint, Console& console) {
+ExitCode finishChange(const orv_FilterSettings& settings, Console& console) {
     if (!storeAndCheck(settings)) {
         return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Filters.NotStored",
@@ -145,7 +155,7 @@ ExitCode finishChange(const orv_FilterSettings& settings, std::uint32_t hint, Co
                                           {GetConfigurationPath()}));
     }
     if (console.json) printJson(console, asJson(settings));
-    AnnounceSettingsChange(hint, console);
+    AnnounceSettingsChange(HintBackupSelection, console);
     return ExitCode::Done;
 }
 
@@ -170,25 +180,27 @@ std::string namesOfCategories() {
 }  // namespace
 
 ExitCode ShowFilters(const Arguments&, Console& console) {
-    const auto settings = loadSettings();
+    const auto settings = loadSettings(console);
+    if (!settings) return ExitCode::Failed;
     if (console.json) {
-        printJson(console, asJson(settings));
+        printJson(console, asJson(*settings));
     } else {
-        printSettings(console.out, settings);
+        printSettings(console.out, *settings);
     }
     return ExitCode::Done;
 }
 
 ExitCode MatchFilters(const Arguments& arguments, Console& console) {
-    const auto settings = loadSettings();
-    const Lists lists{settings.includeFilterList(), settings.excludeFilterList()};
+    const auto settings = loadSettings(console);
+    if (!settings) return ExitCode::Failed;
+    const Lists lists{settings->includeFilterList(), settings->excludeFilterList()};
     json all = json::array();
     for (const std::string& name : arguments.words()) {
         const Verdict verdict = lists.judge(name);
         if (console.json) {
             all.push_back(asJson(verdict));
         } else {
-            fmt::print(console.out, "{}\n", describe(verdict));
+            fmt::print(console.out, "{}\n", quelm::VisibleText(describe(verdict)));
         }
     }
     if (console.json) printJson(console, all);
@@ -203,33 +215,37 @@ ExitCode AddExcludeFilter(const Arguments& arguments, Console& console) {
                                        "An empty pattern would exclude every file. Say \"*\" if "
                                        "that is meant."));
     }
-    auto settings = loadSettings();
-    if (contains(settings.excludeFilters(), pattern)) {
+    auto settings = loadSettings(console);
+    if (!settings) return ExitCode::Failed;
+    if (contains(settings->excludeFilters(), pattern)) {
         return nothingToDo(
-            settings, console,
+            *settings, console,
             FormatLocalizedString("Filters.AlreadyExcluded", "%@ is excluded already", {pattern}));
     }
-    if (!settings.addExcludeFilter(pattern)) {
+    if (!settings->addExcludeFilter(pattern)) {
         return Fail(console, ExitCode::Failed,
-                    GetLocalizedString("Filters.BadPattern",
-                                       "The pattern cannot be stored: it is not UTF-8 or holds "
-                                       "control characters. Say \"?\" for each such byte."));
+                    FormatLocalizedString("Filters.BadPattern",
+                                          "The pattern cannot be stored: it is longer than %lu "
+                                          "bytes, is not UTF-8 or holds control characters. "
+                                          "Shorten it, and say \"?\" for each such byte.",
+                                          {orv_FilterSettings::longestPattern}));
     }
-    return finishChange(settings, HintExcludedFiles, console);
+    return finishChange(*settings, console);
 }
 
 ExitCode RemoveExcludeFilter(const Arguments& arguments, Console& console) {
     const std::string& pattern = arguments[0];
-    auto settings = loadSettings();
-    if (!contains(settings.excludeFilters(), pattern)) {
+    auto settings = loadSettings(console);
+    if (!settings) return ExitCode::Failed;
+    if (!contains(settings->excludeFilters(), pattern)) {
         return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Filters.NotExcluded",
                                           "%@ is not among the excluded patterns. See orvctl "
                                           "filters show.",
                                           {pattern}));
     }
-    settings.removeExcludeFilter(pattern);
-    return finishChange(settings, HintExcludedFiles, console);
+    settings->removeExcludeFilter(pattern);
+    return finishChange(*settings, console);
 }
 
 ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
@@ -240,12 +256,13 @@ ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
             console, ExitCode::Usage,
             FormatLocalizedString("Filters.BadSwitch", "%@ is neither on nor off", {arguments[1]}));
     }
-    auto settings = loadSettings();
+    auto settings = loadSettings(console);
+    if (!settings) return ExitCode::Failed;
     if (name == everything) {
-        settings.setIncludeAllFiles(on);
+        settings->setIncludeAllFiles(on);
     } else if (IsFilterCategory(name)) {
-        settings.setPredefIncludeFilter(name, on);
-        if (on && settings.includeAllFiles()) {
+        settings->setPredefIncludeFilter(name, on);
+        if (on && settings->includeAllFiles()) {
             Say(console, GetLocalizedString("Filters.AllStillOn",
                                             "All files are backed up until orvctl filters category "
                                             "all off."));
@@ -255,7 +272,7 @@ ExitCode SwitchFilterCategory(const Arguments& arguments, Console& console) {
                     FormatLocalizedString("Filters.BadCategory", "%@ is no category. There are: %@",
                                           {name, namesOfCategories()}));
     }
-    return finishChange(settings, HintBackupSelection, console);
+    return finishChange(*settings, console);
 }
 
 }  // namespace orv::cli

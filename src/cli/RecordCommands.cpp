@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <ostream>
+#include <vector>
 
 #include "accounts/FolderStatusText.h"
 #include "accounts/PrintersSettings.h"
@@ -13,6 +14,7 @@
 #include "config/Locations.h"
 #include "foundation/files/Existence.h"
 #include "foundation/system/LocalizedString.h"
+#include "foundation/texts/VisibleText.h"
 #include "platform/Services.h"
 #include "support/VarBranding.h"
 #include "widgets/OfflineVolume.h"
@@ -65,7 +67,7 @@ std::string quotaText(const orv_StorageQuotaInfo& info) {
 void printStorage(std::ostream& out, const orv_StorageFoldersInfo& folders,
                   const orv_StorageQuotaInfo& quota) {
     for (const auto& folder : folders.list())
-        fmt::print(out, "{}: {}\n", folder.path(), statusOf(folder));
+        fmt::print(out, "{}: {}\n", quelm::VisibleText(folder.path()), statusOf(folder));
     fmt::print(out, "{}\n{}\n",
                FormatLocalizedString(
                    "Storage.Sum", "Stored: %@ of %@",
@@ -86,11 +88,32 @@ bool loadIfPresent(Info& info, const char* name, Console& console) {
     return false;
 }
 
-quelm::Value printerValue(const orv_PrintersSettings& printers, std::size_t index) {
-    return Dictionary{{"id", printers.printersIdAtIndex(index)},
-                      {"name", printers.printersNameAtIndex(index)},
-                      {"checked", printers.userCheckAtIndex(index)},
-                      {"status", printers.printersStatusAtIndex(index)}};
+struct PrinterRow {
+    std::string id;
+    std::string name;
+    bool checked;
+    std::string status;
+};
+
+/// Each printer is asked for its state.
+std::vector<PrinterRow> printerRows() {
+    orv_PrintersSettings printers(platform::ProcessServices().printers.get(), nullptr);
+    printers.createListOfPrinters(true);
+    std::vector<PrinterRow> rows;
+    for (std::size_t i = 0; i < printers.count(); ++i) {
+        rows.push_back({printers.printersIdAtIndex(i), printers.printersNameAtIndex(i),
+                        printers.userCheckAtIndex(i), printers.printersStatusAtIndex(i)});
+    }
+    return rows;
+}
+
+quelm::Value printersValue(const std::vector<PrinterRow>& rows) {
+    quelm::Array printers;
+    for (const auto& [id, name, checked, status] : rows) {
+        printers.emplace_back(
+            Dictionary{{"id", id}, {"name", name}, {"checked", checked}, {"status", status}});
+    }
+    return printers;
 }
 
 }  // namespace
@@ -114,26 +137,21 @@ ExitCode ShowStorage(const Arguments&, Console& console) {
 }
 
 ExitCode ShowPrinters(const Arguments&, Console& console) {
-    orv_PrintersSettings printers(platform::ProcessServices().printers.get(), nullptr);
-    printers.createListOfPrinters(true);
-    quelm::Array rows;
-    for (std::size_t i = 0; i < printers.count(); ++i)
-        rows.push_back(printerValue(printers, i));
+    const auto rows = printerRows();
     if (console.json) {
-        fmt::print(console.out, "{}\n", ValueAsJson(rows));
+        fmt::print(console.out, "{}\n", ValueAsJson(printersValue(rows)));
         return ExitCode::Done;
     }
-    for (std::size_t i = 0; i < printers.count(); ++i) {
-        fmt::print(console.out, "[{}] {} ({}): {}\n", printers.userCheckAtIndex(i) ? "x" : " ",
-                   printers.printersNameAtIndex(i), printers.printersIdAtIndex(i),
-                   printers.printersStatusAtIndex(i));
+    for (const auto& [id, name, checked, status] : rows) {
+        fmt::print(console.out, "[{}] {} ({}): {}\n", checked ? "x" : " ", quelm::VisibleText(name),
+                   quelm::VisibleText(id), status);
     }
     return ExitCode::Done;
 }
 
 ExitCode PrintBrandText(const Arguments& arguments, Console& console) {
     const std::string text = BrandText(arguments[0]);
-    fmt::print(console.out, "{}\n", console.json ? ValueAsJson(text) : text);
+    fmt::print(console.out, "{}\n", console.json ? ValueAsJson(text) : quelm::VisibleText(text));
     return ExitCode::Done;
 }
 

@@ -59,7 +59,7 @@ class FilterCommands : public testing::Test {
 TEST_F(FilterCommands, ChangesAreStoredAndAnnounced) {
     json shown = runForJson({"filters", "exclude", "add", "*.tmp"});
     EXPECT_EQ(shown["exclude"], json({"*.tmp"}));
-    EXPECT_THAT(hints, ElementsAre(orv::HintExcludedFiles));
+    EXPECT_THAT(hints, ElementsAre(orv::HintBackupSelection));
     EXPECT_EQ(run({"filters", "exclude", "add", "*.tmp"}), ExitCode::Done);
     EXPECT_THAT(hints, ElementsAre()) << "it was there";
     EXPECT_EQ(run({"filters", "category", "music", "on"}), ExitCode::Done);
@@ -80,7 +80,7 @@ TEST_F(FilterCommands, ChangesAreStoredAndAnnounced) {
     EXPECT_THAT(out.str(), HasSubstr("\nexcluded: *.tmp\n"));
 
     EXPECT_EQ(runForJson({"filters", "exclude", "remove", "*.tmp"})["exclude"], json::array());
-    EXPECT_THAT(hints, ElementsAre(orv::HintExcludedFiles));
+    EXPECT_THAT(hints, ElementsAre(orv::HintBackupSelection));
 }
 
 TEST_F(FilterCommands, MatchNamesThePatternsThatDecide) {
@@ -116,6 +116,7 @@ TEST_F(FilterCommands, WhatIsRefusedChangesNothing) {
         {{"exclude", "add", ""}, ExitCode::Usage},
         {{"exclude", "add", "a\x01"}, ExitCode::Failed},
         {{"exclude", "add", "\xff*"}, ExitCode::Failed},
+        {{"exclude", "add", std::string(1'025, 'a')}, ExitCode::Failed},
         {{"exclude", "add"}, ExitCode::Usage},
         {{"exclude", "remove", "absent"}, ExitCode::Failed},
         {{"category", "games", "on"}, ExitCode::Usage},
@@ -130,6 +131,35 @@ TEST_F(FilterCommands, WhatIsRefusedChangesNothing) {
         EXPECT_THAT(hints, ElementsAre());
     }
     EXPECT_EQ(test_support::ContentOf(file), "");
+}
+
+TEST_F(FilterCommands, AFileThatCannotBeReadIsNamedAndStays) {
+    for (const std::string content : {"<plist><dict>", "<plist><array/></plist>"}) {
+        folder.makeFile("filter_info.plist", content);
+        for (const std::vector<std::string>& words :
+             {std::vector<std::string>{"exclude", "add", "a"},
+              {"exclude", "remove", "a"},
+              {"category", "music", "on"},
+              {"show"},
+              {"match", "a"}}) {
+            std::vector<std::string> line = {"filters"};
+            line.insert(line.end(), words.begin(), words.end());
+            EXPECT_EQ(run(line), ExitCode::Failed) << words[0];
+            EXPECT_EQ(out.str(), "");
+            EXPECT_THAT(err.str(), HasSubstr(file + " cannot be read: "));
+            EXPECT_THAT(hints, ElementsAre());
+        }
+        EXPECT_EQ(test_support::ContentOf(file), content);
+    }
+}
+
+TEST_F(FilterCommands, NoControlCharacterReachesTheTerminal) {
+    folder.makeFile("storage_exceptions.xml",
+                    "<backup-exclusions><types><t>*.\x1b[2J</t></types></backup-exclusions>");
+    run({"filters", "show"});
+    EXPECT_THAT(out.str(), HasSubstr("excluded by the server: *.\\x1b[2J\n"));
+    run({"filters", "match", "a.\x1b[2J"});
+    EXPECT_EQ(out.str(), "a.\\x1b[2J: excluded by *.\\x1b[2J, type 9\n");
 }
 
 TEST_F(FilterCommands, AChangeThatCannotBeStoredFailsAndOneWithoutABusDoesNot) {

@@ -76,15 +76,18 @@ TEST_F(RecordCommands, StorageTellsWhatTheAgentWrote) {
 
 TEST_F(RecordCommands, PrintersTellsWhichAreChosen) {
     EXPECT_EQ(run({"printers", "--json"}), "[]\n") << "without a printing system";
-    auto printers = std::make_unique<test_support::FakePrinters>();
-    printers->printers = {{"a", "First", true}, {"b", "Second", false}};
+    auto owned = std::make_unique<test_support::FakePrinters>();
+    auto* const printers = owned.get();
+    printers->printers = {{"a", "First", true}, {"b", "Second\r\xc2\x9b", false}};
     printers->states["b"] = platform::PrinterState::Stopped;
-    platform::ProcessServices().printers = std::move(printers);
+    platform::ProcessServices().printers = std::move(owned);
     EXPECT_EQ(json::parse(run({"printers", "--json"})),
               json::parse(R"([{"id": "a", "name": "First", "checked": true, "status": "unknown"},
-                             {"id": "b", "name": "Second", "checked": false,
+                             {"id": "b", "name": "Second\r\u009b", "checked": false,
                               "status": "stopped"}])"));
-    EXPECT_EQ(run({"printers"}), "[x] First (a): unknown\n[ ] Second (b): stopped\n");
+    EXPECT_EQ(run({"printers"}),
+              "[x] First (a): unknown\n[ ] Second\\x0d\\xc2\\x9b (b): stopped\n");
+    EXPECT_EQ(printers->asked, (std::vector<std::string>{"a", "b", "a", "b"})) << "once a command";
 }
 
 TEST_F(RecordCommands, BrandingTextReplacesTheVariables) {

@@ -1,9 +1,11 @@
 #include "foundation/system/Log.h"
 
 #include <cstdio>
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <mutex>
 #include <string>
+
+#include "foundation/texts/VisibleText.h"
 
 namespace quelm {
 
@@ -19,22 +21,9 @@ Log& log() {
     return instance;
 }
 
-std::string visibleLine(std::string_view level, std::string_view message) {
-    std::string line(level);
-    for (const char c : message) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7f) {
-            line += fmt::format("\\x{:02x}", byte);
-        } else {
-            line += c;
-        }
-    }
-    return line;
-}
-
-void write(std::string_view level, std::string_view message) noexcept {
+void write(const std::string& level, std::string_view message) noexcept {
     try {
-        const std::string line = visibleLine(level, message);
+        const std::string line = level + VisibleText(message);
         const std::lock_guard guard(log().mutex);
         if (log().sink) {
             log().sink(line);
