@@ -10,7 +10,7 @@
 
 namespace {
 
-TEST(ScriptRoutines, AreNotCalledHereAndThatIsSaidOnce) {
+TEST(ScriptRoutines, AreNotCalledHereAndThatIsSaidAtMostOnce) {
     std::mutex mutex;
     std::vector<std::string> lines;
     quelm::SetLogSink([&](std::string_view line) {
@@ -23,12 +23,13 @@ TEST(ScriptRoutines, AreNotCalledHereAndThatIsSaidOnce) {
     };
     const test_support::TemporaryFolder folder;
     const std::string script = folder.makeFile("a.scpt");
-    for (int i = 0; i < 2; ++i)
-        EXPECT_EQ(orv::ExecuteApplescript(script, "routine", {"a"}), std::nullopt);
-    EXPECT_EQ(said(), 1U);
+    EXPECT_EQ(orv::ExecuteApplescript(script, "routine", {"a"}), std::nullopt);
+    lines.clear();  // the process may have said it before
+    EXPECT_EQ(orv::ExecuteApplescript(script, "routine", {"a"}), std::nullopt);
+    EXPECT_EQ(said(), 0U);
     orv::orv_ScriptParams::executeScriptWithPath(folder / "absent", "routine", {});
-    EXPECT_TRUE(test_support::WaitUntil([&] { return said() == 2; }));
-    EXPECT_EQ(lines[1], "ERROR: ExecuteApplescript: " + folder / "absent" + " not found");
+    EXPECT_TRUE(test_support::WaitUntil([&] { return said() == 1; }));
+    EXPECT_EQ(lines[0], "ERROR: ExecuteApplescript: " + folder / "absent" + " not found");
     quelm::SetLogSink({});
 }
 
