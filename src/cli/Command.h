@@ -42,6 +42,7 @@ class Arguments {
     [[nodiscard]] const std::vector<Option>& options() const { return options_; }
     /// The values given for the option ("--name"), in order.
     [[nodiscard]] std::vector<std::string> values(std::string_view option) const;
+    [[nodiscard]] bool has(std::string_view option) const { return value(option).has_value(); }
     /// The last of them.
     [[nodiscard]] std::optional<std::string> value(std::string_view option) const;
 
@@ -68,6 +69,8 @@ struct Command {
     ExitCode (*run)(const Arguments& arguments, Console& console);
     /// Its own options, each with a value, "--name --count".
     std::string_view options = {};
+    /// Its own options without a value.
+    std::string_view flags = {};
     /// Whether it talks to panel and agent; for the others no bus is opened, or missed.
     bool usesBus = false;
 };

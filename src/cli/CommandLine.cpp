@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
+#include <iterator>
 #include <ostream>
 
 #include "cli/Command.h"
@@ -52,7 +53,8 @@ const Command* findCommand(const std::vector<std::string>& words, std::size_t& u
 }
 
 bool fits(const Command& command, const Arguments& arguments) {
-    const auto own = SplitWords(command.options);
+    auto own = SplitWords(command.options);
+    std::ranges::copy(SplitWords(command.flags), std::back_inserter(own));
     return arguments.size() >= command.minimumArguments &&
            arguments.size() <= command.maximumArguments &&
            std::all_of(arguments.options().begin(), arguments.options().end(),

@@ -23,13 +23,15 @@ bool isOption(const std::string& word) {
     return word.size() > 1 && word[0] == '-' && !(word[1] >= '0' && word[1] <= '9');
 }
 
+/// Whether some command has the option in that list of its own.
+bool isIn(std::string_view Command::*list, const std::string& option) {
+    return std::ranges::any_of(AllCommands(), [&](const Command& command) {
+        return std::ranges::count(SplitWords(command.*list), option) > 0;
+    });
+}
+
 bool takesValue(const std::string& option) {
-    const auto has = [&option](const Command& command) {
-        const auto own = SplitWords(command.options);
-        return std::find(own.begin(), own.end(), option) != own.end();
-    };
-    const auto commands = AllCommands();
-    return option == "--account" || std::any_of(commands.begin(), commands.end(), has);
+    return option == "--account" || isIn(&Command::options, option);
 }
 
 bool setFlag(Invocation& invocation, const std::string& word) {
@@ -72,6 +74,10 @@ std::optional<std::string> ParseInvocation(const std::vector<std::string>& words
             continue;
         }
         if (setFlag(invocation, *word)) continue;
+        if (isIn(&Command::flags, *word)) {
+            invocation.options.push_back({*word, ""});
+            continue;
+        }
         const auto equals = word->find('=');
         const std::string name = word->substr(0, equals);
         if (!takesValue(name)) {

@@ -57,5 +57,6 @@ inline constexpr const char* printerInfo = "printer_info.plist";
 inline constexpr const char* fingerPrints = "finger_prints.plist";
 inline constexpr const char* storageFolders = "storage_folders.xml";
 inline constexpr const char* storageQuota = "storage_quota.xml";
+inline constexpr const char* subscribedProjects = "subscribed_projects.plist";
 
 }  // namespace orv::files

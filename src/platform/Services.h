@@ -9,6 +9,7 @@
 #include "platform/DeviceRegistry.h"
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/Keychain.h"
+#include "platform/LocalNotifications.h"
 #include "platform/Printers.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
@@ -20,6 +21,7 @@ namespace platform {
 /// fakes. A port left empty counts as a service that is not there.
 struct Services {
     std::unique_ptr<RunLoop> runLoop;
+    std::unique_ptr<LocalNotifications> localNotifications;
     std::unique_ptr<DistributedNotificationCenter> notifications;
     std::unique_ptr<Volumes> volumes;
     std::unique_ptr<DeviceRegistry> devices;

@@ -85,6 +85,13 @@ int ChildProcess::wait() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+std::optional<int> ChildProcess::ended() {
+    siginfo_t info = {};
+    const auto id = static_cast<id_t>(pid_);
+    if (::waitid(P_PID, id, &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid == 0) return {};
+    return wait();
+}
+
 int RunProgram(const ChildProcess::Setup& setup) {
     ChildProcess child;
     return child.start(setup) ? child.wait() : -1;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <utility>
@@ -36,6 +37,8 @@ class ChildProcess {
     void signal(int number) const;
     /// Waits for its end: the exit status, or -1.
     int wait();
+    /// The same if it has ended; none while it runs.
+    std::optional<int> ended();
 
  private:
     pid_t pid_ = -1;

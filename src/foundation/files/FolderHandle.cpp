@@ -34,6 +34,10 @@ std::optional<FolderHandle> FolderHandle::openCanonical(const std::string& path)
     return handle;
 }
 
+std::optional<FolderHandle> FolderHandle::open(const std::string& path) {
+    return openAt(AT_FDCWD, path);
+}
+
 std::optional<FolderHandle> FolderHandle::openChild(const std::string& name) const {
     return openAt(fd_.get(), name);
 }

@@ -27,6 +27,8 @@ class FolderHandle {
 
     /// `path` is absolute and canonical: a link anywhere in it fails.
     [[nodiscard]] static std::optional<FolderHandle> openCanonical(const std::string& path);
+    /// Links on the way to the folder are followed; one in its own place fails.
+    [[nodiscard]] static std::optional<FolderHandle> open(const std::string& path);
     /// The folder `name` in this one; a link fails.
     [[nodiscard]] std::optional<FolderHandle> openChild(const std::string& name) const;
     [[nodiscard]] std::optional<FolderHandle> openParent() const;

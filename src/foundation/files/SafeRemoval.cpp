@@ -83,6 +83,10 @@ std::vector<std::string> homeFolders() {
 /// Why the canonical path must stay; empty when it may go.
 std::string_view refusalReason(const std::string& path, const RemovalRules& rules,
                                RemovalIntent intent) {
+    if (!rules.onlyWithin.empty() &&
+        (path == rules.onlyWithin || !StartsWithPath(path, rules.onlyWithin))) {
+        return "leads out of the folder that it belongs to";
+    }
     for (const std::string& home : homeFolders()) {
         if (path == home) return "is the home folder";
         if (StartsWithPath(home, path)) return "contains the home folder";
@@ -235,6 +239,10 @@ RemovalReport RemoveFolderSafely(const std::string& path, const RemovalRules& ru
 
 void SetRemovalRules(RemovalRules rules) {
     processRules() = std::move(rules);
+}
+
+const RemovalRules& ProcessRemovalRules() {
+    return processRules();
 }
 
 EStatusCode RecursiveRemoveFolder(const std::string& path) {

@@ -11,6 +11,9 @@ namespace quelm::os {
 /// Folders that removing must spare: the configuration folder and the accounts' folders.
 struct RemovalRules {
     std::vector<std::string> protectedFolders;
+    /// Where not empty: the canonical path of a folder in which, once links are resolved, what is
+    /// removed must lie.
+    std::string onlyWithin = {};
 };
 
 enum class RemovalIntent {
@@ -47,6 +50,7 @@ RemovalReport RemoveFolderSafely(const std::string& path, const RemovalRules& ru
 /// The process's rules, which `RecursiveRemoveFolder` obeys. Set at the start of the program and
 /// when the accounts change, on the main thread.
 void SetRemovalRules(RemovalRules rules);
+[[nodiscard]] const RemovalRules& ProcessRemovalRules();
 
 /// `RemoveFolderSafely` of user data under the process's rules.
 EStatusCode RecursiveRemoveFolder(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace quelm {
@@ -31,5 +32,9 @@ constexpr bool EqualsWithoutCase(std::string_view a, std::string_view b) {
     }
     return true;
 }
+
+/// The text in lower case, character by character as Unicode has it, to compare and sort by. Bytes
+/// that are not UTF-8 stay.
+[[nodiscard]] std::string FoldedCase(std::string_view text);
 
 }  // namespace quelm

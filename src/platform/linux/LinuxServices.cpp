@@ -15,6 +15,7 @@ namespace platform {
 
 Services MakeLinuxServices(const Reporter& reporter) {
     return {.runLoop = nullptr,
+            .localNotifications = nullptr,
             .notifications = nullptr,
             .volumes = std::make_unique<MountInfoVolumes>("/proc/self/mountinfo", "/sys", reporter),
             .devices =
@@ -28,6 +29,7 @@ Services MakeLinuxServices(const Reporter& reporter) {
 
 void AddEventServices(Services& services, const Reporter& reporter) {
     services.runLoop = std::make_unique<QtRunLoop>();
+    services.localNotifications = std::make_unique<LocalNotifications>(*services.runLoop);
     services.notifications =
         std::make_unique<DBusNotificationCenter>(*services.runLoop, SessionBusAddress(), reporter);
 }

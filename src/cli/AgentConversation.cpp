@@ -1,0 +1,55 @@
+#include "cli/AgentConversation.h"
+
+#include <utility>
+
+#include "agentlink/AgentEventQueue.h"
+#include "agentlink/AgentPresence.h"
+#include "cli/Complaint.h"
+#include "foundation/system/LocalizedString.h"
+#include "platform/Services.h"
+#include "sync/projects/SyncRequest.h"
+
+namespace orv::cli {
+
+AgentConversation::AgentConversation(Take take) : take_(std::move(take)) {
+    constexpr std::chrono::seconds patience(2);
+    ObserveAgentEvent(record_, [this](const AgentId&, const std::string& event,
+                                      const quelm::Dictionary& payload) { hear(event, payload); });
+    const auto& center = platform::ProcessServices().notifications;
+    isAgentThere_ = center && center->waitUntilListening(patience) &&
+                    center->isAnnounced(AgentPresenceName(projectsAgent), patience);
+}
+
+AgentConversation::~AgentConversation() {
+    EndAgentEvents(std::chrono::seconds(2));
+}
+
+void AgentConversation::ask(const std::function<void()>& request,
+                            std::chrono::milliseconds limit) {
+    platform::RunLoop& runLoop = *platform::ProcessServices().runLoop;
+    request();
+    do {
+        heard_ = Heard::Nothing;
+        const auto timer = runLoop.after(limit, [&runLoop] { runLoop.stopModal(0); });
+        runLoop.runModal();
+    } while (heard_ == Heard::More);
+}
+
+void AgentConversation::hear(const std::string& event, const quelm::Dictionary& payload) {
+    if (heard_ == Heard::Last || !IsFromProjectsAgent(payload)) return;
+    const Heard heard = take_(event, payload);
+    if (heard == Heard::Nothing) return;
+    heard_ = heard;
+    platform::ProcessServices().runLoop->stopModal(0);
+}
+
+ExitCode FailWithoutAgent(Console& console) {
+    return Fail(console, ExitCode::NoAgent,
+                quelm::FormatLocalizedString(
+                    "Cli.NoAgent",
+                    "No agent of account %@ is known on the session bus. Start it with "
+                    "orvAgent %@.",
+                    {projectsAgent, projectsAgent}));
+}
+
+}  // namespace orv::cli
