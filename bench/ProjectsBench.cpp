@@ -47,7 +47,11 @@ void ProjectListStreamed(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
-BENCHMARK(ProjectListStreamed)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ProjectListStreamed)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
 
 void ProjectListParsed(benchmark::State& state) {
     const std::string& text = projectList(state.range(0));

@@ -24,8 +24,7 @@ AgentConversation::~AgentConversation() {
     EndAgentEvents(std::chrono::seconds(2));
 }
 
-void AgentConversation::ask(const std::function<void()>& request,
-                            std::chrono::milliseconds limit) {
+void AgentConversation::ask(const std::function<void()>& request, std::chrono::milliseconds limit) {
     platform::RunLoop& runLoop = *platform::ProcessServices().runLoop;
     request();
     do {

@@ -8,6 +8,7 @@
 #include "cli/SettingsAsStored.h"
 #include "cli/ValueText.h"
 #include "foundation/system/LocalizedString.h"
+#include "foundation/texts/VisibleText.h"
 #include "sync/locks/LockedItems.h"
 #include "sync/projects/SyncRequest.h"
 
@@ -20,10 +21,10 @@ constexpr std::chrono::seconds silence(1);
 
 std::string lineOf(const Lock& lock) {
     const std::string holder =
-        lock.isMine() ? quelm::GetLocalizedString("Locks.Mine", "locked by you")
-                      : quelm::FormatLocalizedString("Locks.Other", "locked by %@",
-                                                     {lock.lockHolder()});
-    return lock.path() + ": " + holder;
+        lock.isMine()
+            ? quelm::GetLocalizedString("Locks.Mine", "locked by you")
+            : quelm::FormatLocalizedString("Locks.Other", "locked by %@", {lock.lockHolder()});
+    return quelm::VisibleText(lock.path() + ": " + holder);
 }
 
 }  // namespace

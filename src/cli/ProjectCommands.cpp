@@ -80,14 +80,13 @@ class ProjectsAnswer {
 };
 
 std::optional<Projects> storedProjects() {
-    const auto rows =
-        ProjectListStore(GetConfigurationPath(files::subscribedProjects)).load();
+    const auto rows = ProjectListStore(GetConfigurationPath(files::subscribedProjects)).load();
     if (!rows) return std::nullopt;
     return together(ProjectsOfStoredList(*rows));
 }
 
-/// The projects that the agent tells, or those that were stored, which are the subscribed ones. None
-/// after a message, with the code.
+/// The projects that the agent tells, or those that were stored, which are the subscribed ones.
+/// None after a message, with the code.
 std::optional<Projects> find(ProjectListKind kind, Console& console, ExitCode& code) {
     ProjectsAnswer answer(kind);
     const bool isThere = answer.isAgentThere();
@@ -112,8 +111,8 @@ std::optional<Projects> find(ProjectListKind kind, Console& console, ExitCode& c
 }  // namespace
 
 ExitCode ListProjects(const Arguments& arguments, Console& console) {
-    const auto kind = arguments.has("--available") ? ProjectListKind::NotSubscribed
-                                                   : ProjectListKind::Subscribed;
+    const auto kind =
+        arguments.has("--available") ? ProjectListKind::NotSubscribed : ProjectListKind::Subscribed;
     ExitCode code = ExitCode::Done;
     const auto projects = find(kind, console, code);
     if (!projects) return code;

@@ -44,20 +44,20 @@ void print(const quelm::Value& value, Console& console) {
 ExitCode ShowProjectFolder(const Arguments& arguments, Console& console) {
     const std::string folder = quelm::GetAbsolutePath(arguments[0]);
     if (!quelm::IsFolder(folder)) {
-        return Fail(console, ExitCode::Failed,
-                    quelm::FormatLocalizedString("Projects.NoFolder", "%@ is no folder",
-                                                 {arguments[0]}));
+        return Fail(
+            console, ExitCode::Failed,
+            quelm::FormatLocalizedString("Projects.NoFolder", "%@ is no folder", {arguments[0]}));
     }
     const orvAgentSettings settings = SettingsAsStored();
     const std::string master = settings.masterProjectFolder();
     const SProjectFolderInfo info = LoadProjectFolderInfo(folder, master);
     CProjectListFile list(info.ownerId, ProjectCacheFolder::pathIn(folder), master);
     if (info.status == PROJECT_FOLDER_LOADED) list.Load();
-    print(quelm::Dictionary{
-              {"owner", FindProjectFolderOwner(settings.rcid(), folder)},
-              {"status", static_cast<int>(info.status)},
-              {"projectIds", quelm::Array(info.projectIds.begin(), info.projectIds.end())},
-              {"entries", valueOf(list.entries())}},
+    print(quelm::Dictionary{{"owner", FindProjectFolderOwner(settings.rcid(), folder)},
+                            {"status", static_cast<int>(info.status)},
+                            {"projectIds",
+                             quelm::Array(info.projectIds.begin(), info.projectIds.end())},
+                            {"entries", valueOf(list.entries())}},
           console);
     return ExitCode::Done;
 }
@@ -65,10 +65,10 @@ ExitCode ShowProjectFolder(const Arguments& arguments, Console& console) {
 ExitCode ShowProjectListFile(const Arguments& arguments, Console& console) {
     CProjectListFile list(arguments[0], SettingsAsStored().masterProjectFolder());
     if (!list.Load()) {
-        return Fail(console, ExitCode::Failed,
-                    quelm::FormatLocalizedString("Projects.NoListFile",
-                                                 "%@ cannot be read as a project list file",
-                                                 {arguments[0]}));
+        return Fail(
+            console, ExitCode::Failed,
+            quelm::FormatLocalizedString(
+                "Projects.NoListFile", "%@ cannot be read as a project list file", {arguments[0]}));
     }
     print(valueOf(list.entries()), console);
     return ExitCode::Done;

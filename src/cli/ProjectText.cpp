@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "foundation/system/LocalizedString.h"
+#include "foundation/texts/VisibleText.h"
 
 namespace orv::cli {
 
@@ -21,7 +21,7 @@ std::string ProjectLine(const Project& project) {
     std::string line = fmt::format("{} {}, {}: {}", project.id(), project.name(), project.owner(),
                                    project.text(projectkeys::status));
     if (const std::string path = project.path(); !path.empty()) line += ", " + path;
-    return line;
+    return quelm::VisibleText(line);
 }
 
 }  // namespace orv::cli

@@ -27,8 +27,8 @@ class ProjectFolderCommands : public testing::Test {
 };
 
 TEST_F(ProjectFolderCommands, ShowWhoseItIsAndDeleteNothing) {
-    const std::string list = folder_.makeFile("f/.FileCache/project_list_",
-                                              "RM:default:/f\nVE:7:/e\n");
+    const std::string list =
+        folder_.makeFile("f/.FileCache/project_list_", "RM:default:/f\nVE:7:/e\n");
     EXPECT_EQ(run({"projects", "folder", folder_ / "f"}), ExitCode::Done);
     const json entries = {{{"fsType", "FS_TYPE_REGULAR"},
                            {"rootType", "MASTER_PROJECT_FOLDER"},

@@ -1,5 +1,3 @@
-#include "sync/locks/LockedFilesList.h"
-
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -11,6 +9,7 @@
 #include "support/ManualRunLoop.h"
 #include "support/ProcessNotifications.h"
 #include "support/TemporaryFolder.h"
+#include "sync/locks/LockedFilesList.h"
 
 namespace {
 
@@ -114,28 +113,34 @@ TEST_F(TheLocks, ADeferredUnlockIsNoticedOnceAndTheNoticeGoesWithIt) {
         posted.push_back(post.payload);
     const Dictionary request{
         {"agent-id", "1"}, {"event_name", "sync_request"}, {"command", "request-locked-items"}};
-    EXPECT_EQ(posted,
-              (std::vector{request, request,
-                           Dictionary{{"agent-id", "0"},
-                                      {"event_name", "show_message"},
-                                      {"title", "Tidewell Backup"},
-                                      {"text", "Unlock deferred until upload of 'Plan.doc' completes"},
-                                      {"timeout", "10"},
-                                      {"id", "unlock-pending-1"}},
-                           Dictionary{{"agent-id", "0"},
-                                      {"event_name", "show_message"},
-                                      {"id", "unlock-pending-1"},
-                                      {"hide", "1"}}}));
+    EXPECT_EQ(
+        posted,
+        (std::vector{request, request,
+                     Dictionary{{"agent-id", "0"},
+                                {"event_name", "show_message"},
+                                {"title", "Tidewell Backup"},
+                                {"text", "Unlock deferred until upload of 'Plan.doc' completes"},
+                                {"timeout", "10"},
+                                {"id", "unlock-pending-1"}},
+                     Dictionary{{"agent-id", "0"},
+                                {"event_name", "show_message"},
+                                {"id", "unlock-pending-1"},
+                                {"hide", "1"}}}));
 }
 
 TEST_F(TheLocks, AreSmartWhenTheirDetailsNameTheAccount) {
     Lock lock("1", "/p", true, 0, quelm::sync::SYNC_LOCK, "");
     const std::vector<std::pair<std::string, bool>> cases = {
-        {R"({"badge_origin": "17"})", true}, {"", true},
-        {"{broken", true},                   {R"({"badge_origin": "18"})", false},
-        {"{broken", false},                  {R"({"badge_origin": "17", "x": [1]})", true},
-        {"7", false},                        {R"({"badge_origin": 17})", false},
-        {"[]", false},                       {std::string(100'000, '['), false},
+        {R"({"badge_origin": "17"})", true},
+        {"", true},
+        {"{broken", true},
+        {R"({"badge_origin": "18"})", false},
+        {"{broken", false},
+        {R"({"badge_origin": "17", "x": [1]})", true},
+        {"7", false},
+        {R"({"badge_origin": 17})", false},
+        {"[]", false},
+        {std::string(100'000, '['), false},
         {"\"\xff\"", false}};
     for (const auto& [details, smart] : cases) {
         lock.setLockDetails(details, "17");

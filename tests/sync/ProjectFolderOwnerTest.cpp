@@ -1,10 +1,9 @@
-#include "sync/folders/ProjectFolderOwner.h"
-
 #include <gtest/gtest.h>
 #include <set>
 
 #include "foundation/files/Existence.h"
 #include "support/TemporaryFolder.h"
+#include "sync/folders/ProjectFolderOwner.h"
 
 namespace {
 

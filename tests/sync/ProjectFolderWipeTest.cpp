@@ -1,5 +1,3 @@
-#include "sync/folders/ProjectFolderWipe.h"
-
 #include <atomic>
 #include <cstdio>
 #include <fcntl.h>
@@ -14,6 +12,7 @@
 #include "support/PrivateMounts.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
+#include "sync/folders/ProjectFolderWipe.h"
 
 namespace {
 

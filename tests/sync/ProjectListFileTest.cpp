@@ -1,10 +1,9 @@
-#include "sync/folders/ProjectListFile.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "foundation/system/Log.h"
 #include "support/TemporaryFolder.h"
+#include "sync/folders/ProjectListFile.h"
 
 namespace {
 

@@ -1,9 +1,8 @@
-#include "sync/projects/ProjectListParser.h"
-
 #include <gtest/gtest.h>
 #include <limits>
 
 #include "foundation/system/Log.h"
+#include "sync/projects/ProjectListParser.h"
 
 namespace {
 
@@ -39,7 +38,8 @@ class ProjectListParser : public testing::Test {
 
 TEST_F(ProjectListParser, MakesADictionaryOfTheElementsAndAddsTheTextsForDisplay) {
     const Project project = parse(
-        "<id>12</id><name>A &amp; B&#x20;<![CDATA[<C>]]></name><owner>Anna</owner><foreign>x</foreign>"
+        "<id>12</id><name>A &amp; "
+        "B&#x20;<![CDATA[<C>]]></name><owner>Anna</owner><foreign>x</foreign>"
         "<synced-files>3</synced-files><synced-size>1536</synced-size><total-files>9</total-files>"
         "<id>13</id><empty/><deep>1<b>2</b>3</deep>");
     EXPECT_EQ(project.dictionary(), (quelm::Dictionary{{"id", "13"},
@@ -71,8 +71,9 @@ TEST_F(ProjectListParser, GroupsSortsAndSums) {
     };
     const std::string xml = "<r><x/><project-list>" + row("b", "<synced-files>1</synced-files>") +
                             row("Ä", "<external>1</external>") +
-                            row("ä", "<external>1</external><synced-size>9223372036854775807"
-                                     "</synced-size>") +
+                            row("ä",
+                                "<external>1</external><synced-size>9223372036854775807"
+                                "</synced-size>") +
                             row("C", "<synced-size>5</synced-size>") + "<other/>" + row("a", "") +
                             "</project-list><project-list>" + row("z", "") + "</project-list></r>";
     const auto parsed = ParseProjectList(xml, ProjectListKind::Subscribed, {});

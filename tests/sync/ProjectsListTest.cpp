@@ -1,5 +1,3 @@
-#include "sync/projects/ProjectsList.h"
-
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -12,6 +10,7 @@
 #include "support/ManualRunLoop.h"
 #include "support/ProcessNotifications.h"
 #include "support/TemporaryFolder.h"
+#include "sync/projects/ProjectsList.h"
 
 namespace {
 
@@ -104,9 +103,9 @@ class TheProjects : public testing::Test {
 const Dictionary idle{{"operation", "0"}, {"timed-out", "0"}};
 
 TEST_F(TheProjects, AnswersAreTakenStoredAndToldOnce) {
-    const std::string xml = listOf({project("2", "/p/2", "<owner>anna@acme.example</owner>"),
-                                    project("1", "/p/1"),
-                                    project("3", "/e", "<external>1</external>")});
+    const std::string xml =
+        listOf({project("2", "/p/2", "<owner>anna@acme.example</owner>"), project("1", "/p/1"),
+                project("3", "/e", "<external>1</external>")});
     answer("subscribed-projects", xml);
     EXPECT_EQ(told_, std::vector{idle});
     EXPECT_EQ(list_->subscribedProjectsCount(), 3U);
@@ -190,8 +189,7 @@ TEST_F(TheProjects, RequestsCarryWhatTheyAreAbout) {
     list_->unsubscribeProject(plain);
     list_->createEPPath("/e", "n", "o", "p");
     const std::string xml = "<?xml version=\"1.0\"?>\n<a />\n";
-    const Dictionary path{
-        {"command", "set-project-path"}, {"path", "/to"}, {"project-id", "5"}};
+    const Dictionary path{{"command", "set-project-path"}, {"path", "/to"}, {"project-id", "5"}};
     const Dictionary partial{{"command", "set-partial-subscribe"}, {"payload", xml}};
     const auto import = [](const std::string& root) {
         return Dictionary{{"event_name", "project_import_start"},
@@ -204,7 +202,10 @@ TEST_F(TheProjects, RequestsCarryWhatTheyAreAbout) {
     EXPECT_EQ(
         asked(),
         (std::vector<Dictionary>{
-            {{"command", "subscribe"}, {"project-id", "5"}, {"full-path", "/to"}, {"folder-id", ""}},
+            {{"command", "subscribe"},
+             {"project-id", "5"},
+             {"full-path", "/to"},
+             {"folder-id", ""}},
             {{"command", "subscribe"}, {"project-id", "5"}, {"full-path", ""}, {"folder-id", "f"}},
             {{"command", "connect-project"},
              {"project-id", "5"},
@@ -286,10 +287,13 @@ TEST_F(TheProjects, ThoseToSubscribeToAreCountedAfterTheFirstAnswer) {
 TEST_F(TheProjects, APathBelongsToTheInnermostProject) {
     answer("subscribed-projects", listOf({project("1", "/p/A"), project("2", "/p/A/inner/"),
                                           project("3", "/p/B"), project("4")}));
-    const std::vector<std::array<std::string, 3>> cases = {
-        {"/p/A/x/y", "n1", "x/y"}, {"/p/A", "n1", ""},  {"/p/A/inner/x", "n2", "x"},
-        {"/p/Ab/x", "", ""},       {"/p", "", ""},      {"", "", ""},
-        {"/p/A/innermost", "n1", "innermost"}};
+    const std::vector<std::array<std::string, 3>> cases = {{"/p/A/x/y", "n1", "x/y"},
+                                                           {"/p/A", "n1", ""},
+                                                           {"/p/A/inner/x", "n2", "x"},
+                                                           {"/p/Ab/x", "", ""},
+                                                           {"/p", "", ""},
+                                                           {"", "", ""},
+                                                           {"/p/A/innermost", "n1", "innermost"}};
     for (const auto& [path, name, rest] : cases) {
         EXPECT_EQ(list_->projectNameForPath(path), name) << path;
         EXPECT_EQ(list_->relativePathForPath(path), rest) << path;

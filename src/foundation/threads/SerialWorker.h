@@ -8,8 +8,8 @@
 
 namespace quelm {
 
-/// A thread that does one task after the other, of which at most one waits. It starts with the first
-/// task; its end does what waits. Tasks must not throw.
+/// A thread that does one task after the other, of which at most one waits. It starts with the
+/// first task; its end does what waits. Tasks must not throw.
 class SerialWorker {
  public:
     using Task = std::function<void()>;

@@ -95,7 +95,8 @@ SProjectFolderInfo LoadProjectFolderInfo(const std::string& folder,
     const auto names = cache ? cache->listFiles() : std::nullopt;
     if (!names) return {};
     if (names->empty()) return {.status = PROJECT_FOLDER_NO_LIST, .ownerId = {}, .projectIds = {}};
-    if (names->size() > 1) return {.status = PROJECT_FOLDER_SEVERAL_LISTS, .ownerId = {}, .projectIds = {}};
+    if (names->size() > 1)
+        return {.status = PROJECT_FOLDER_SEVERAL_LISTS, .ownerId = {}, .projectIds = {}};
     SProjectFolderInfo info{PROJECT_FOLDER_LOADED, ownerOf(*names->begin()), {}};
     CProjectListFile list(info.ownerId, ProjectCacheFolder::pathIn(folder), masterFolder);
     list.Load();

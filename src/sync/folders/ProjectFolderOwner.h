@@ -11,8 +11,8 @@ namespace quelm::sync {
 // windows.
 
 /// The owner's id, or one of PROJECT_FOLDER_RECURSION, _NO_ID, _NOT_EMPTY, or "" for a folder that
-/// is free. Several may own it: then `userId` if it is one of them, else the first by name. A folder
-/// that cannot be listed counts as not empty.
+/// is free. Several may own it: then `userId` if it is one of them, else the first by name. A
+/// folder that cannot be listed counts as not empty.
 [[nodiscard]] std::string FindProjectFolderOwner(const std::string& userId,
                                                  const std::string& folder);
 

@@ -88,7 +88,8 @@ class Wipe {
         if (entries && std::ranges::all_of(*entries, isOwn) && lists && lists->size() == 1) {
             return true;
         }
-        LogInfo(masterFolder_ + " stays, because something else than this user's projects is in it.");
+        LogInfo(masterFolder_ +
+                " stays, because something else than this user's projects is in it.");
         return false;
     }
 

@@ -14,9 +14,9 @@ enum EWipeResult : int {
 };
 
 /// Removes the project folders that the user's own list file names: those in the master folder, and
-/// elsewhere those whose cache folder has a list file of the user. Nothing of `configurationPath` is
-/// touched and no link is followed. Without a list file of the user nothing is removed. Takes as long
-/// as removing does: not for the main thread of a program with windows.
+/// elsewhere those whose cache folder has a list file of the user. Nothing of `configurationPath`
+/// is touched and no link is followed. Without a list file of the user nothing is removed. Takes as
+/// long as removing does: not for the main thread of a program with windows.
 [[nodiscard]] EWipeResult WipeProjectFolders(const std::string& userId,
                                              const std::string& configurationPath,
                                              const std::string& masterFolder);

@@ -33,10 +33,9 @@ LockedFilesList::~LockedFilesList() {
 LockedFilesList& LockedFilesList::defaultLockedFilesList() {
     auto& shared = sharedList();
     if (!shared) {
-        shared = std::make_unique<LockedFilesList>(
-            Environment{*platform::ProcessServices().localNotifications,
-                        AgentEventDispatcher::defaultDispatcher(),
-                        AccountList::defaultAccountList()});
+        shared = std::make_unique<LockedFilesList>(Environment{
+            *platform::ProcessServices().localNotifications,
+            AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList()});
     }
     return *shared;
 }
@@ -47,8 +46,8 @@ void LockedFilesList::destroyInstance() {
 
 void LockedFilesList::registerAgentEvents() {
     AgentEventDispatcher& dispatcher = environment_.dispatcher;
-    dispatcher.registerEventName(
-        events::syncItem, this, MakeSelector<&LockedFilesList::handleSyncItem>("handleSyncItem"));
+    dispatcher.registerEventName(events::syncItem, this,
+                                 MakeSelector<&LockedFilesList::handleSyncItem>("handleSyncItem"));
     dispatcher.registerEventName(
         events::syncError, this,
         MakeSelector<&LockedFilesList::handleAgentStarted>("handleAgentStarted"));
@@ -83,9 +82,8 @@ void LockedFilesList::handleAgentStarted(const quelm::Dictionary& payload) {
 void LockedFilesList::handleSyncItem(const quelm::Dictionary& payload) {
     const LockItem item = LockItemOf(payload);
     AccountList& accounts = environment_.accounts;
-    const auto changed =
-        lockedFiles.apply(item, accounts.teamForAgentID(item.agentId).value_or(""),
-                          accounts.defaultConfig().rcid());
+    const auto changed = lockedFiles.apply(item, accounts.teamForAgentID(item.agentId).value_or(""),
+                                           accounts.defaultConfig().rcid());
     if (changed) clients_.post({{"lock", changed->dictionary()}});
 }
 

@@ -36,7 +36,8 @@ class LockedFilesList {
     /// Ends it, before the services end.
     static void destroyInstance();
 
-    /// Clients get {"lock": the changed lock's dictionary} and remove themselves before they go away.
+    /// Clients get {"lock": the changed lock's dictionary} and remove themselves before they go
+    /// away.
     template <class Target>
     void addClient(Target* target, const Selector<Target>& selector) {
         clients_.add(target, selector);

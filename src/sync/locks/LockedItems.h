@@ -11,8 +11,8 @@
 
 namespace orv {
 
-/// What an agent says of one item in the event "sync_item". A lock that is no ESyncItemLock counts as
-/// none.
+/// What an agent says of one item in the event "sync_item". A lock that is no ESyncItemLock counts
+/// as none.
 struct LockItem {
     std::string fileId;
     std::string path;
@@ -35,7 +35,8 @@ class LockedItems {
     explicit LockedItems(Notice notice = {}) : notice_(std::move(notice)) {}
 
     /// Adds, changes or removes the item's lock: the lock when there is something to tell of it. An
-    /// item without a path is ignored. `teamName` is of the agent's account, `accountId` the user's.
+    /// item without a path is ignored. `teamName` is of the agent's account, `accountId` the
+    /// user's.
     std::optional<Lock> apply(const LockItem& item, const std::string& teamName,
                               const std::string& accountId);
 

@@ -9,8 +9,8 @@
 
 namespace orv {
 
-/// Texts under names, for records that come by the thousand with the same names: these are shared, and
-/// the texts stand in one piece. Never changes.
+/// Texts under names, for records that come by the thousand with the same names: these are shared,
+/// and the texts stand in one piece. Never changes.
 class AttributeRow {
  public:
     using Names = std::vector<std::string>;

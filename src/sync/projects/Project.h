@@ -18,11 +18,11 @@ namespace orv {
 /// Of which kind the projects of an answer are.
 enum class ProjectListKind { Subscribed, NotSubscribed };
 
-/// One project on the service: a dictionary, read by the keys of ProjectKeys.h. A key that is missing
-/// or of another type reads as "", 0 and false. Other keys are kept.
+/// One project on the service: a dictionary, read by the keys of ProjectKeys.h. A key that is
+/// missing or of another type reads as "", 0 and false. Other keys are kept.
 ///
-/// What the agent sends stays in its compact form until the project is changed; the dictionary is made
-/// when it is asked for.
+/// What the agent sends stays in its compact form until the project is changed; the dictionary is
+/// made when it is asked for.
 class Project {
  public:
     Project() = default;

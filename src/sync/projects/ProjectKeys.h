@@ -51,11 +51,28 @@ inline constexpr ProjectKey status{"status"};
 /// Data: which part, as an XML document.
 inline constexpr ProjectKey partialSubscriptionXML{"partialSubscriptionXML", ProjectKeyType::Data};
 
-inline constexpr std::array all = {
-    id,           rootId,     name,         owner,      ownerId,   path,     projectLoaderSourcePath,
-    totalSize,    totalFiles, totalFolders, syncedSize, syncedFiles, readOnly, subscribed,
-    known,        outOfQuota, external,     partial,    ownedByMe, archived, status,
-    partialSubscriptionXML};
+inline constexpr std::array all = {id,
+                                   rootId,
+                                   name,
+                                   owner,
+                                   ownerId,
+                                   path,
+                                   projectLoaderSourcePath,
+                                   totalSize,
+                                   totalFiles,
+                                   totalFolders,
+                                   syncedSize,
+                                   syncedFiles,
+                                   readOnly,
+                                   subscribed,
+                                   known,
+                                   outOfQuota,
+                                   external,
+                                   partial,
+                                   ownedByMe,
+                                   archived,
+                                   status,
+                                   partialSubscriptionXML};
 }  // namespace projectkeys
 
 }  // namespace orv

@@ -19,9 +19,9 @@ struct ParsedProjects {
     std::int64_t bytes = 0;
 };
 
-/// Reads the agent's answer, the children "project" of the element "project-list" with one element an
-/// attribute, and adds the texts for display. `me` are the user's names. Without that element there
-/// are no projects; none, with a line in the log, for what is no XML document.
+/// Reads the agent's answer, the children "project" of the element "project-list" with one element
+/// an attribute, and adds the texts for display. `me` are the user's names. Without that element
+/// there are no projects; none, with a line in the log, for what is no XML document.
 [[nodiscard]] std::optional<ParsedProjects> ParseProjectList(std::string_view xml,
                                                              ProjectListKind kind,
                                                              const std::set<std::string>& me);

@@ -8,16 +8,17 @@
 
 namespace orv {
 
-/// The file of the subscribed projects, an array of dictionaries. It is replaced as a whole, so that a
-/// reader sees the old or the new list. One thread uses the object; a thread of its own writes.
+/// The file of the subscribed projects, an array of dictionaries. It is replaced as a whole, so
+/// that a reader sees the old or the new list. One thread uses the object; a thread of its own
+/// writes.
 class ProjectListStore {
  public:
     explicit ProjectListStore(std::string path) : path_(std::move(path)) {}
 
     /// None, with a line in the log unless the file is missing, for one that cannot be read.
     [[nodiscard]] std::optional<quelm::Array> load() const;
-    /// Writes later; of several lists that wait the last is written. A failure leaves the file and is
-    /// logged.
+    /// Writes later; of several lists that wait the last is written. A failure leaves the file and
+    /// is logged.
     void store(const quelm::Array& rows);
     /// Until everything is written.
     void wait() { writer_.wait(); }

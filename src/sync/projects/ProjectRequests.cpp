@@ -113,10 +113,9 @@ void ProjectsList::createEPPath(const std::string& path, const std::string& name
 
 void ProjectsList::createEPPath(const std::string& path, const std::string& name,
                                 const std::string& owner, const std::string& password) {
-    SendSyncRequest(commands::createExternal, {{keys::path, path},
-                                               {keys::name, name},
-                                               {keys::owner, owner},
-                                               {keys::password, password}});
+    SendSyncRequest(
+        commands::createExternal,
+        {{keys::path, path}, {keys::name, name}, {keys::owner, owner}, {keys::password, password}});
 }
 
 void ProjectsList::updateProjectOldPath(const std::string& oldPath, const std::string& newPath) {

@@ -34,9 +34,8 @@ std::int64_t numberOf(const quelm::Dictionary& payload, const char* key) {
 }
 
 bool areEqual(const Projects& left, const Projects& right) {
-    return std::ranges::equal(left, right, [](const ProjectPtr& a, const ProjectPtr& b) {
-        return *a == *b;
-    });
+    return std::ranges::equal(left, right,
+                              [](const ProjectPtr& a, const ProjectPtr& b) { return *a == *b; });
 }
 
 }  // namespace
@@ -96,18 +95,17 @@ void ProjectsList::loadSettings() {
 
 void ProjectsList::registerAgentEvents() {
     AgentEventDispatcher& dispatcher = environment_.dispatcher;
-    dispatcher.registerEventName(events::syncProjectQuota, this,
-                                 MakeSelector<&ProjectsList::handleProjectQuota>(
-                                     "handleProjectQuota"));
-    dispatcher.registerEventName(events::syncResponse, this,
-                                 MakeSelector<&ProjectsList::handleSyncResponse>(
-                                     "handleSyncResponse"));
+    dispatcher.registerEventName(
+        events::syncProjectQuota, this,
+        MakeSelector<&ProjectsList::handleProjectQuota>("handleProjectQuota"));
+    dispatcher.registerEventName(
+        events::syncResponse, this,
+        MakeSelector<&ProjectsList::handleSyncResponse>("handleSyncResponse"));
     dispatcher.registerEventName(events::syncStatus, this,
-                                 MakeSelector<&ProjectsList::handleSyncStatus>(
-                                     "handleSyncStatus"));
-    dispatcher.registerEventName(events::serverResponse, this,
-                                 MakeSelector<&ProjectsList::handleServerResponse>(
-                                     "handleServerResponse"));
+                                 MakeSelector<&ProjectsList::handleSyncStatus>("handleSyncStatus"));
+    dispatcher.registerEventName(
+        events::serverResponse, this,
+        MakeSelector<&ProjectsList::handleServerResponse>("handleServerResponse"));
 }
 
 void ProjectsList::handleProjectQuota(const quelm::Dictionary& payload) {

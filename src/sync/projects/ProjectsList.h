@@ -21,9 +21,9 @@ namespace orv {
 
 /// All projects that the panel knows, in three groups: subscribed and synchronised in the master
 /// project folder, subscribed in folders of their own (external), and those to which the user could
-/// subscribe. It asks the agent, takes its answers, keeps the subscribed ones in a file and tells its
-/// clients of changes. docs/projects.md says what is asked and answered. Main thread only; nothing
-/// waits unless said so.
+/// subscribe. It asks the agent, takes its answers, keeps the subscribed ones in a file and tells
+/// its clients of changes. docs/projects.md says what is asked and answered. Main thread only;
+/// nothing waits unless said so.
 class ProjectsList {
  public:
     /// What it works with; all outlive it.
@@ -80,9 +80,9 @@ class ProjectsList {
     [[nodiscard]] std::int64_t notSubscribedProjectsFiles() const { return notSyncedFiles; }
     [[nodiscard]] std::int64_t notSubscribedProjectsBytes() const { return notSyncedBytes; }
 
-    /// How many projects could be subscribed to; without `known` only those of which the user has not
-    /// been told. Before the first answer it runs the run loop for up to a second, and answers 1,
-    /// with a warning in the log, when none comes: for programs without windows.
+    /// How many projects could be subscribed to; without `known` only those of which the user has
+    /// not been told. Before the first answer it runs the run loop for up to a second, and answers
+    /// 1, with a warning in the log, when none comes: for programs without windows.
     [[nodiscard]] std::size_t subscribableProjectsCountWithKnown(bool known);
     /// The same without waiting: `answer` is called at once, with the answer or after the second;
     /// never after the list is gone.
@@ -131,8 +131,8 @@ class ProjectsList {
     void startImportProjects(const Projects& projects, const std::string& sourcePath,
                              const Text& projectRoot);
 
-    /// 0 starts an operation that the project's arrival ends, or a time-out of 180 seconds; any other
-    /// value ends it.
+    /// 0 starts an operation that the project's arrival ends, or a time-out of 180 seconds; any
+    /// other value ends it.
     void setPendingSyncOperation(int operation, const std::string& projectId,
                                  const std::string& projectPath);
     /// 0 while one is pending, 1 when none is.
@@ -149,7 +149,8 @@ class ProjectsList {
     void handleSyncStatus(const quelm::Dictionary& payload);
     void handleServerResponse(const quelm::Dictionary& payload);
     /// A connection that comes up asks for the lists again.
-    void notifyConnectionStatus(std::int32_t status, std::int64_t timestamp, const AgentId& agentId);
+    void notifyConnectionStatus(std::int32_t status, std::int64_t timestamp,
+                                const AgentId& agentId);
 
     /// Waits until what was to be stored is on the disk: before the program ends, and for tests.
     void waitUntilStored() { store_.wait(); }
@@ -186,8 +187,8 @@ class ProjectsList {
     std::int64_t notSyncedFiles = 0;
     std::int64_t notSyncedBytes = 0;
     bool notSubscribedProjectsReceived_ = false;
-    /// A subscription or a move was asked for: the next list of subscribed projects is followed by a
-    /// request for the others.
+    /// A subscription or a move was asked for: the next list of subscribed projects is followed by
+    /// a request for the others.
     bool projectSubscribed = false;
     int pendingSyncOperation_ = 1;
     std::string pendingSyncOperationProjectId;

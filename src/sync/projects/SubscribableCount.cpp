@@ -24,8 +24,7 @@ std::size_t ProjectsList::countSubscribable(bool known) const {
         }));
 }
 
-void ProjectsList::subscribableProjectsCount(bool known,
-                                             std::function<void(std::size_t)> answer) {
+void ProjectsList::subscribableProjectsCount(bool known, std::function<void(std::size_t)> answer) {
     if (notSubscribedProjectsReceived_) return answer(countSubscribable(known));
     const auto place = waiting_.insert(waiting_.end(), {known, std::move(answer)});
     place->timer = environment_.runLoop.after(patience, [this, place] {
