@@ -34,7 +34,7 @@ ExitCode ListLocks(const Arguments& arguments, Console& console) {
     LockedItems items;
     AgentConversation conversation([&](const std::string& event, const quelm::Dictionary& payload) {
         if (event != events::syncItem) return AgentConversation::Heard::Nothing;
-        items.apply(LockItemOf(payload), settings.teamName().value_or(""), settings.rcid());
+        items.processFileID(LockItemOf(payload), settings.teamName().value_or(""), settings.rcid());
         return AgentConversation::Heard::More;
     });
     if (!conversation.isAgentThere()) return FailWithoutAgent(console);

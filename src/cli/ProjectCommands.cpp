@@ -3,7 +3,7 @@
 #include <fmt/ostream.h>
 #include <ostream>
 
-#include "agentlink/AgentEventQueue.h"
+#include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/AgentConversation.h"
 #include "cli/Commands.h"
@@ -13,11 +13,11 @@
 #include "cli/ValueText.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
-#include "config/PropertyAccess.h"
 #include "foundation/system/LocalizedString.h"
 #include "sync/projects/ProjectListParser.h"
 #include "sync/projects/ProjectListStore.h"
 #include "sync/projects/SyncRequest.h"
+#include "sync/projects/UserNames.h"
 
 namespace orv::cli {
 
@@ -27,12 +27,6 @@ using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
 constexpr std::chrono::seconds patience(10);
-
-std::set<std::string> namesOfUser(const orvAgentSettings& settings) {
-    std::set<std::string> names{settings.fullName(), settings.userName(), settings.email()};
-    names.erase("");
-    return names;
-}
 
 Projects together(ParsedProjects parsed) {
     Projects all = std::move(parsed.sync);
@@ -61,11 +55,11 @@ class ProjectsAnswer {
         const char* const command = kind_ == ProjectListKind::Subscribed
                                         ? commands::subscribedProjects
                                         : commands::notSubscribedProjects;
-        if (event != events::syncResponse || GetStringProperty(payload, keys::command) != command) {
+        if (event != events::syncResponse || PayloadText(payload, keys::command) != command) {
             return AgentConversation::Heard::Nothing;
         }
-        const auto xml = GetStringProperty(payload, keys::projectList).value_or("");
-        auto parsed = ParseProjectList(xml, kind_, namesOfUser(settings_));
+        const std::string xml = PayloadText(payload, keys::projectList);
+        auto parsed = ParseProjectList(xml, kind_, UserNames(settings_));
         if (parsed) projects_ = together(std::move(*parsed));
         return AgentConversation::Heard::Last;
     }

@@ -4,9 +4,8 @@
 #include <iterator>
 #include <memory>
 
+#include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
-#include "config/PropertyAccess.h"
-#include "foundation/texts/Numbers.h"
 #include "platform/Services.h"
 #include "sync/projects/SyncRequest.h"
 
@@ -75,15 +74,14 @@ void LockedFilesList::populateList() {
 }
 
 void LockedFilesList::handleAgentStarted(const quelm::Dictionary& payload) {
-    const auto error = quelm::LeadingInteger(GetStringProperty(payload, keys::error).value_or(""));
-    if (error == quelm::sync::SYNC_ERROR_NONE) populateList();
+    if (PayloadNumber(payload, keys::error) == quelm::sync::SYNC_ERROR_NONE) populateList();
 }
 
 void LockedFilesList::handleSyncItem(const quelm::Dictionary& payload) {
     const LockItem item = LockItemOf(payload);
     AccountList& accounts = environment_.accounts;
-    const auto changed = lockedFiles.apply(item, accounts.teamForAgentID(item.agentId).value_or(""),
-                                           accounts.defaultConfig().rcid());
+    const auto changed = lockedFiles.processFileID(
+        item, accounts.teamForAgentID(item.agentId).value_or(""), accounts.defaultConfig().rcid());
     if (changed) clients_.post({{"lock", changed->dictionary()}});
 }
 

@@ -4,10 +4,9 @@
 #include <array>
 #include <utility>
 
+#include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
-#include "config/PropertyAccess.h"
 #include "foundation/system/Log.h"
-#include "foundation/texts/Numbers.h"
 
 namespace orv {
 
@@ -21,14 +20,6 @@ constexpr std::size_t mostLocks = 10'000;
 /// States of an item, under "status", in which it has no lock.
 constexpr std::array unlockedStates = {3, 6};
 
-std::string textOf(const quelm::Dictionary& payload, const char* key) {
-    return GetStringProperty(payload, key).value_or("");
-}
-
-std::int64_t numberOf(const quelm::Dictionary& payload, const char* key) {
-    return quelm::LeadingInteger(textOf(payload, key));
-}
-
 void takeHolder(Lock& lock, const LockItem& item, const std::string& accountId) {
     lock.setLockHolder(item.lockHolder);
     lock.setLockHolderId(item.lockHolderId);
@@ -38,23 +29,24 @@ void takeHolder(Lock& lock, const LockItem& item, const std::string& accountId) 
 }  // namespace
 
 LockItem LockItemOf(const quelm::Dictionary& payload) {
-    const auto lock = quelm::sync::EnumFromNumber<ESyncItemLock>(numberOf(payload, keys::lock))
+    const auto lock = quelm::sync::EnumFromNumber<ESyncItemLock>(PayloadNumber(payload, keys::lock))
                           .value_or(quelm::sync::NO_SYNC_LOCK);
     const bool isUnlocked =
-        std::ranges::find(unlockedStates, numberOf(payload, keys::status)) != unlockedStates.end();
-    return {.fileId = textOf(payload, keys::itemId),
-            .path = textOf(payload, keys::path),
+        std::ranges::find(unlockedStates, PayloadNumber(payload, keys::status)) !=
+        unlockedStates.end();
+    return {.fileId = PayloadText(payload, keys::itemId),
+            .path = PayloadText(payload, keys::path),
             .locked = !isUnlocked && lock != quelm::sync::NO_SYNC_LOCK,
-            .lockTime = numberOf(payload, keys::lockTime),
+            .lockTime = PayloadNumber(payload, keys::lockTime),
             .lockStatus = lock,
-            .lockHolder = textOf(payload, keys::lockHolder),
-            .lockHolderId = textOf(payload, keys::lockHolderId),
-            .lockDetails = textOf(payload, keys::lockDetails),
-            .agentId = textOf(payload, keys::agentId)};
+            .lockHolder = PayloadText(payload, keys::lockHolder),
+            .lockHolderId = PayloadText(payload, keys::lockHolderId),
+            .lockDetails = PayloadText(payload, keys::lockDetails),
+            .agentId = PayloadText(payload, keys::agentId)};
 }
 
-std::optional<Lock> LockedItems::apply(const LockItem& item, const std::string& teamName,
-                                       const std::string& accountId) {
+std::optional<Lock> LockedItems::processFileID(const LockItem& item, const std::string& teamName,
+                                               const std::string& accountId) {
     if (item.path.empty()) return std::nullopt;
     const auto held = std::ranges::find(locks_, item.fileId, &Lock::fileID);
     if (held != locks_.end()) return update(held, item, accountId);

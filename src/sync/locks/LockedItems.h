@@ -37,8 +37,8 @@ class LockedItems {
     /// Adds, changes or removes the item's lock: the lock when there is something to tell of it. An
     /// item without a path is ignored. `teamName` is of the agent's account, `accountId` the
     /// user's.
-    std::optional<Lock> apply(const LockItem& item, const std::string& teamName,
-                              const std::string& accountId);
+    std::optional<Lock> processFileID(const LockItem& item, const std::string& teamName,
+                                      const std::string& accountId);
 
     [[nodiscard]] const std::vector<Lock>& locks() const { return locks_; }
 

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
-#include "config/PropertyAccess.h"
-#include "foundation/texts/Numbers.h"
 #include "platform/Services.h"
 #include "sync/projects/SyncRequest.h"
+#include "sync/projects/UserNames.h"
 
 namespace orv {
 
@@ -23,14 +23,6 @@ constexpr std::chrono::seconds operationTimeout(180);
 std::unique_ptr<ProjectsList>& sharedList() {
     static std::unique_ptr<ProjectsList> list;
     return list;
-}
-
-std::string textOf(const quelm::Dictionary& payload, const char* key) {
-    return GetStringProperty(payload, key).value_or("");
-}
-
-std::int64_t numberOf(const quelm::Dictionary& payload, const char* key) {
-    return quelm::LeadingInteger(textOf(payload, key));
 }
 
 bool areEqual(const Projects& left, const Projects& right) {
@@ -88,9 +80,7 @@ ProjectsList& ProjectsList::defaultProjectsList() {
 }
 
 void ProjectsList::loadSettings() {
-    const orvAgentSettings& settings = environment_.accounts.defaultConfig();
-    me = {settings.fullName(), settings.userName(), settings.email()};
-    me.erase("");  // which is nobody's name
+    me = UserNames(environment_.accounts.defaultConfig());
 }
 
 void ProjectsList::registerAgentEvents() {
@@ -113,14 +103,14 @@ void ProjectsList::handleProjectQuota(const quelm::Dictionary& payload) {
 }
 
 void ProjectsList::handleSyncStatus(const quelm::Dictionary& payload) {
-    const bool isIdle =
-        numberOf(payload, keys::sendCount) == 0 && numberOf(payload, keys::receiveCount) == 0;
+    const bool isIdle = PayloadNumber(payload, keys::sendCount) == 0 &&
+                        PayloadNumber(payload, keys::receiveCount) == 0;
     if (IsFromProjectsAgent(payload) && isIdle) requestAll();
 }
 
 void ProjectsList::handleServerResponse(const quelm::Dictionary& payload) {
-    const bool isDone = textOf(payload, keys::command) == commands::setPartialSubscribe &&
-                        textOf(payload, keys::result) == "1";
+    const bool isDone = PayloadText(payload, keys::command) == commands::setPartialSubscribe &&
+                        PayloadText(payload, keys::result) == "1";
     if (IsFromProjectsAgent(payload) && isDone) requestSubscribedProjects();
 }
 
@@ -132,7 +122,7 @@ void ProjectsList::notifyConnectionStatus(std::int32_t status, std::int64_t,
 
 void ProjectsList::handleSyncResponse(const quelm::Dictionary& payload) {
     if (!IsFromProjectsAgent(payload)) return;
-    const std::string command = textOf(payload, keys::command);
+    const std::string command = PayloadText(payload, keys::command);
     if (command == commands::subscribedProjects) {
         takeSubscribed(payload);
     } else if (command == commands::notSubscribedProjects) {
@@ -143,8 +133,8 @@ void ProjectsList::handleSyncResponse(const quelm::Dictionary& payload) {
 }
 
 void ProjectsList::takeSubscribed(const quelm::Dictionary& payload) {
-    const bool isChanged =
-        parseSubscribedProjects(ProjectListKind::Subscribed, textOf(payload, keys::projectList));
+    const bool isChanged = parseSubscribedProjects(ProjectListKind::Subscribed,
+                                                   PayloadText(payload, keys::projectList));
     if (isChanged) storeProjectList();
     if (pendingSyncOperation_ == operationPending && existsPendingSyncOperationProject()) {
         setPendingSyncOperation(noOperation, "", "");
@@ -154,11 +144,12 @@ void ProjectsList::takeSubscribed(const quelm::Dictionary& payload) {
 }
 
 void ProjectsList::takeNotSubscribed(const quelm::Dictionary& payload) {
-    const bool isDone = numberOf(payload, keys::result) == 0;
+    const bool isDone = PayloadNumber(payload, keys::result) == 0;
     if (!isDone) return;
     notSubscribedProjectsReceived_ = true;
     notSubscribedProjects_.clear();
-    parseSubscribedProjects(ProjectListKind::NotSubscribed, textOf(payload, keys::projectList));
+    parseSubscribedProjects(ProjectListKind::NotSubscribed,
+                            PayloadText(payload, keys::projectList));
     postChange();
     answerWaiting();
 }
