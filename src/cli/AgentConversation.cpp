@@ -24,8 +24,15 @@ AgentConversation::~AgentConversation() {
     EndAgentEvents(std::chrono::seconds(2));
 }
 
-void AgentConversation::ask(const std::function<void()>& request, std::chrono::milliseconds limit) {
+void AgentConversation::ask(const std::function<void()>& request, std::chrono::milliseconds limit,
+                            Console& console) {
+    constexpr std::chrono::milliseconds unnoticed(1100);
     platform::RunLoop& runLoop = *platform::ProcessServices().runLoop;
+    const auto notice = runLoop.after(unnoticed, [this, &console] {
+        if (heard_ != Heard::Nothing) return;
+        Say(console,
+            quelm::GetLocalizedString("Cli.Waiting", "Waiting for the agent to answer..."));
+    });
     request();
     do {
         heard_ = Heard::Nothing;

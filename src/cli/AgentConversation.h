@@ -25,8 +25,9 @@ class AgentConversation {
     [[nodiscard]] bool isAgentThere() const { return isAgentThere_; }
 
     /// Sends what `request` asks and runs the loop until the last event, or until nothing was heard
-    /// for `limit`.
-    void ask(const std::function<void()>& request, std::chrono::milliseconds limit);
+    /// for `limit`. After a second without anything it says that it waits.
+    void ask(const std::function<void()>& request, std::chrono::milliseconds limit,
+             Console& console);
 
  private:
     void hear(const std::string& event, const quelm::Dictionary& payload);

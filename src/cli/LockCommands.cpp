@@ -38,7 +38,7 @@ ExitCode ListLocks(const Arguments& arguments, Console& console) {
         return AgentConversation::Heard::More;
     });
     if (!conversation.isAgentThere()) return FailWithoutAgent(console);
-    conversation.ask([] { SendSyncRequest(commands::requestLockedItems); }, silence);
+    conversation.ask([] { SendSyncRequest(commands::requestLockedItems); }, silence, console);
     quelm::Array rows;
     for (const Lock& lock : items.locks()) {
         if (arguments.has("--mine") && !lock.isMine()) continue;

@@ -41,8 +41,8 @@ class ProjectsAnswer {
 
     [[nodiscard]] bool isAgentThere() const { return conversation_.isAgentThere(); }
     /// None when no answer comes, or one that cannot be read.
-    std::optional<Projects> ask() {
-        conversation_.ask([this] { request(); }, patience);
+    std::optional<Projects> ask(Console& console) {
+        conversation_.ask([this] { request(); }, patience, console);
         return projects_;
     }
 
@@ -85,7 +85,7 @@ std::optional<Projects> find(ProjectListKind kind, Console& console, ExitCode& c
     ProjectsAnswer answer(kind);
     const bool isThere = answer.isAgentThere();
     if (isThere) {
-        if (auto projects = answer.ask()) return projects;
+        if (auto projects = answer.ask(console)) return projects;
     }
     auto stored = kind == ProjectListKind::Subscribed ? storedProjects() : std::nullopt;
     if (stored) {
