@@ -1,0 +1,77 @@
+#include "pane/status/ProjectLines.h"
+
+#include "agentlink/AgentVocabulary.h"
+#include "foundation/system/LocalizedString.h"
+#include "widgets/SizeText.h"
+
+namespace orv {
+
+namespace {
+
+using quelm::FormatLocalizedString;
+using quelm::GetLocalizedString;
+
+// " (1 file locked)" is a link without " (" and ")", "  Out of Storage" without its blanks.
+constexpr std::size_t beforeLink = 2;
+constexpr std::size_t behindBracketed = 1;
+
+bool isConnected(const AgentProgress& progress) {
+    return progress.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);
+}
+
+/// Without what is added for violations, storage and locks.
+StatusLine baseLine(const AgentProgress& progress) {
+    if (!isConnected(progress)) return {};
+    if (!progress.timeLeft.empty()) return {{progress.timeLeft}, StatusImage::Syncing};
+    return {{GetLocalizedString("PrefPane.SyncComplete", "Sync Complete")}, StatusImage::InSync};
+}
+
+StatusText withViolations(const std::string& text, std::int64_t count) {
+    const std::string suffix =
+        count == 1 ? GetLocalizedString("PreferencePane.permissionViolation", " (1 sync violation)")
+                   : FormatLocalizedString("PreferencePane.permissionViolations",
+                                           " (%d sync violations)", {count});
+    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed,
+                            "orv:fixPermissionViolationsWindow", attentionColor);
+}
+
+StatusText withStorageProblem(const std::string& text, std::int32_t status,
+                              const std::string& agentId) {
+    const std::string suffix =
+        status == 1 ? GetLocalizedString("PrefPane.QuotaIssue",
+                                         "  Storage Issue - Click here for details")
+                    : GetLocalizedString("PrefPane.OutOfQuota",
+                                         "  Out of Storage - Click here for details");
+    return WithLinkedSuffix(text, suffix, beforeLink, 0, "orv:dashboard?" + agentId,
+                            attentionColor);
+}
+
+StatusText withLocks(const std::string& text, std::int64_t count) {
+    const std::string suffix =
+        count == 1
+            ? GetLocalizedString("PreferencePane.lockedFile", " (1 file locked)")
+            : FormatLocalizedString("PreferencePane.lockedFiles", " (%d files locked)", {count});
+    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed, "orv:lockedFilesWindow");
+}
+
+}  // namespace
+
+ProjectLines ComposeProjectLines(const AgentProgress& progress, const ProjectSituation& situation,
+                                 std::string_view shown) {
+    ProjectLines lines{
+        .summary = FormatLocalizedString("PrefPane.SyncStatus", "%ld projects with %ld files (%@)",
+                                         {progress.totalProjects, progress.totalFilesProjects,
+                                          orv::FileSizeString(progress.totalBytesProjects)}),
+        .state = baseLine(progress)};
+    StatusText& text = lines.state.text;
+    if (situation.violations > 0 && !shown.empty() && isConnected(progress)) {
+        text = withViolations(text.text, situation.violations);
+    } else if (isConnected(progress) && progress.syncQuotaStatus != 0) {
+        text = withStorageProblem(text.text, progress.syncQuotaStatus, situation.agentId);
+    } else if (situation.locks > 0 && !text.text.empty()) {
+        text = withLocks(text.text, situation.locks);
+    }
+    return lines;
+}
+
+}  // namespace orv
