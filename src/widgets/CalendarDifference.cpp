@@ -7,7 +7,8 @@ namespace orv {
 
 namespace {
 
-/// `from` moved on by so many units of a calendar field; a day that a month lacks runs into the next.
+/// `from` moved on by so many units of a calendar field; a day that a month lacks runs into the
+/// next.
 std::int64_t moved(std::int64_t from, int std::tm::*field, int count) {
     const std::time_t start = from;
     std::tm date = {};

@@ -1,7 +1,7 @@
-#include "pane/status/AgentProgress.h"
-
 #include <gtest/gtest.h>
 #include <limits>
+
+#include "pane/status/AgentProgress.h"
 
 namespace {
 

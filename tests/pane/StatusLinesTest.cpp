@@ -112,8 +112,7 @@ TEST(BackupLines, TheWeightiestCauseIsShown) {
     progress.serverParsingXML = false;
     EXPECT_EQ(state(), (Shown{"Backup Stopped! Storage Quota exceeded.", "permissionViolation"}));
     progress.backupStoppedDueQuota = false;
-    EXPECT_EQ(state(),
-              (Shown{"Volume with incomplete backup is offline", "permissionViolation"}));
+    EXPECT_EQ(state(), (Shown{"Volume with incomplete backup is offline", "permissionViolation"}));
     situation.offlineIncomplete = false;
     EXPECT_EQ(state(), (Shown{"Backup suspended while on <N/A>", "syncing"}));
     progress.limitBackup = false;

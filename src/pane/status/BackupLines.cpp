@@ -24,8 +24,8 @@ struct Causes {
 
     [[nodiscard]] std::int64_t remaining() const {
         std::int64_t bytes = 0;
-        const bool overflows = __builtin_sub_overflow(progress.totalBytesForStoring,
-                                                      progress.storedBytes, &bytes);
+        const bool overflows =
+            __builtin_sub_overflow(progress.totalBytesForStoring, progress.storedBytes, &bytes);
         if (!overflows) return bytes;
         using Limits = std::numeric_limits<std::int64_t>;
         return progress.storedBytes < 0 ? Limits::max() : Limits::min();
@@ -41,9 +41,9 @@ std::int64_t estimate(const Causes& causes) {
     const auto& [progress, situation] = causes;
     if (progress.uploadSpeedMax <= 0) return -1;
     const double speed = progress.uploadSpeedMax * situation.bandwidthSafetyFactor;
-    const double seconds = static_cast<double>(causes.remaining()) / speed +
-                           static_cast<double>(progress.totalFilesForStoring) *
-                               situation.transferOverheadPerFile;
+    const double seconds =
+        static_cast<double>(causes.remaining()) / speed +
+        static_cast<double>(progress.totalFilesForStoring) * situation.transferOverheadPerFile;
     constexpr double most = 1e15;  // beyond any backup, and within 64 bits
     return std::isfinite(seconds) && std::abs(seconds) < most ? static_cast<std::int64_t>(seconds)
                                                               : -1;

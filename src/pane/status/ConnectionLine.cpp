@@ -77,11 +77,10 @@ std::string connectedFor(std::uint32_t minutes, std::int64_t now) {
     constexpr std::uint32_t hour = 60;
     if (minutes == 0) return GetLocalizedString("PrefPane.Connected", "Connected");
     if (minutes < hour) {
-        return FormatLocalizedString("PrefPane.ConnectedForMin", "Connected for %u %@",
-                                     {minutes, minutes == 1
-                                                   ? GetLocalizedString("PrefPane.Minute", "minute")
-                                                   : GetLocalizedString("PrefPane.Minutes",
-                                                                        "minutes")});
+        return FormatLocalizedString(
+            "PrefPane.ConnectedForMin", "Connected for %u %@",
+            {minutes, minutes == 1 ? GetLocalizedString("PrefPane.Minute", "minute")
+                                   : GetLocalizedString("PrefPane.Minutes", "minutes")});
     }
     // the minutes are taken as seconds, which users of the panel are used to
     return FormatLocalizedString(
@@ -92,8 +91,7 @@ std::string connectedFor(std::uint32_t minutes, std::int64_t now) {
 std::string durationInfo(const AgentProgress& progress, std::int64_t now) {
     std::string text = connectedFor(minutesSince(progress.statusTimestamp, now), now);
     if (progress.limitBackup) {
-        text += FormatLocalizedString("PrefPane.LimitBackup",
-                                      " - Backup suspended while using %@",
+        text += FormatLocalizedString("PrefPane.LimitBackup", " - Backup suspended while using %@",
                                       {ActiveAdapterName(progress)});
     }
     return text;

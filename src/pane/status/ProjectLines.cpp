@@ -38,10 +38,10 @@ StatusText withViolations(const std::string& text, std::int64_t count) {
 StatusText withStorageProblem(const std::string& text, std::int32_t status,
                               const std::string& agentId) {
     const std::string suffix =
-        status == 1 ? GetLocalizedString("PrefPane.QuotaIssue",
-                                         "  Storage Issue - Click here for details")
-                    : GetLocalizedString("PrefPane.OutOfQuota",
-                                         "  Out of Storage - Click here for details");
+        status == 1
+            ? GetLocalizedString("PrefPane.QuotaIssue", "  Storage Issue - Click here for details")
+            : GetLocalizedString("PrefPane.OutOfQuota",
+                                 "  Out of Storage - Click here for details");
     return WithLinkedSuffix(text, suffix, beforeLink, 0, "orv:dashboard?" + agentId,
                             attentionColor);
 }

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orv {
+
+/// ASCII letters and digits as they are, every other byte as "%2F".
+[[nodiscard]] std::string EncodeHttpParameter(std::string_view text);
+
+/// The address with the account's id behind it as "sourcercid", unless "rcid" stands in it in any
+/// case.
+[[nodiscard]] std::string WithSourceAccount(std::string_view address, std::string_view rcid);
+
+/// A server's name as an address: as it is when it has a scheme, otherwise with "https://".
+[[nodiscard]] std::string BaseUrlOf(std::string_view serverName);
+
+}  // namespace orv
