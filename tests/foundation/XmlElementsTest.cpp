@@ -42,7 +42,7 @@ TEST(XmlDocument, IsRefusedWhenItRefersToANul) {
     const std::string wide(
         "<\0n\0>\0&\0#\0"
         "0\0;\0<\0/\0n\0>\0",
-        24);
+        22);
     EXPECT_EQ(quelm::ParseXml(wide).error, "the document holds a NUL");
     for (const char* reference : {"&#0;", "&#x0;", "&#000;", "&#4294967296;", "&#x100000000;"}) {
         const std::string text = std::string("<n a='") + reference + "'/>";

@@ -1,10 +1,9 @@
-#include "support/web/WebApiResponse.h"
-
 #include <gtest/gtest.h>
 #include <limits>
 
 #include "foundation/system/Log.h"
 #include "support/web/HttpParameter.h"
+#include "support/web/WebApiResponse.h"
 
 namespace {
 
