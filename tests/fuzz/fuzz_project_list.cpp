@@ -9,8 +9,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     quelm::SetLogSink([](std::string_view) {});
     const std::string_view xml(reinterpret_cast<const char*>(data), size);
-    const auto parsed =
-        orv::ParseProjectList(xml, orv::ProjectListKind::Subscribed, {"anna"});
+    const auto parsed = orv::ParseProjectList(xml, orv::ProjectListKind::Subscribed, {"anna"});
     if (!parsed) return 0;
     for (const auto& project : parsed->sync) {
         orv::Project copy(project->dictionary());

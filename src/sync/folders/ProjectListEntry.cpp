@@ -11,9 +11,10 @@ struct Letter {
     Enum value;
     char letter;
 };
-constexpr std::array fsLetters = {Letter{FS_TYPE_REGULAR, 'R'}, Letter{FS_TYPE_VIRTUAL, 'V'}};
-constexpr std::array rootLetters = {Letter{MASTER_PROJECT_FOLDER, 'M'},
-                                    Letter{EXTERNAL_PROJECT_FOLDER, 'E'}};
+constexpr auto fsLetters =
+    std::to_array<Letter<EFsType>>({{FS_TYPE_REGULAR, 'R'}, {FS_TYPE_VIRTUAL, 'V'}});
+constexpr auto rootLetters = std::to_array<Letter<ESyncRootType>>(
+    {{MASTER_PROJECT_FOLDER, 'M'}, {EXTERNAL_PROJECT_FOLDER, 'E'}});
 constexpr std::string_view defaultId = "default";
 /// Where the id begins, behind two letters and a colon.
 constexpr std::size_t idStart = 3;
