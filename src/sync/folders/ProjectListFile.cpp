@@ -97,13 +97,13 @@ void CProjectListFile::Store() const {
     const Stream stream = openToWrite(path_);
     if (!stream) return;
     for (const SProjectListEntry& entry : entries_) {
-        auto line = ProjectLineOf(entry);
+        const auto line = ProjectLineOf(entry);
         if (!line) {
             LogError("A project folder cannot stand in the list " + path_ + ": " + entry.path);
             continue;
         }
-        line->push_back('\n');
-        std::fwrite(line->data(), 1, line->size(), stream.get());
+        const std::string text = *line + "\n";
+        std::fwrite(text.data(), 1, text.size(), stream.get());
         std::fflush(stream.get());
     }
 }
