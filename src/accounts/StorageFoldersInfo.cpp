@@ -7,7 +7,7 @@
 #include "foundation/paths/PathPrefix.h"
 #include "foundation/paths/Paths.h"
 #include "foundation/system/Log.h"
-#include "foundation/texts/Numbers.h"
+#include "foundation/system/Saturating.h"
 #include "foundation/xml/XmlDocument.h"
 #include "foundation/xml/XmlElements.h"
 

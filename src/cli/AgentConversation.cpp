@@ -7,7 +7,7 @@
 #include "cli/Complaint.h"
 #include "foundation/system/LocalizedString.h"
 #include "platform/Services.h"
-#include "sync/projects/SyncRequest.h"
+#include "sync/SyncRequest.h"
 
 namespace orv::cli {
 
@@ -28,8 +28,7 @@ void AgentConversation::ask(const std::function<void()>& request, std::chrono::m
                             Console& console) {
     constexpr std::chrono::milliseconds unnoticed(1100);
     platform::RunLoop& runLoop = *platform::ProcessServices().runLoop;
-    const auto notice = runLoop.after(unnoticed, [this, &console] {
-        if (heard_ != Heard::Nothing) return;
+    notice_ = runLoop.after(unnoticed, [&console] {
         Say(console,
             quelm::GetLocalizedString("Cli.Waiting", "Waiting for the agent to answer..."));
     });
@@ -39,6 +38,7 @@ void AgentConversation::ask(const std::function<void()>& request, std::chrono::m
         const auto timer = runLoop.after(limit, [&runLoop] { runLoop.stopModal(0); });
         runLoop.runModal();
     } while (heard_ == Heard::More);
+    notice_.reset();
 }
 
 void AgentConversation::hear(const std::string& event, const quelm::Dictionary& payload) {
@@ -46,6 +46,7 @@ void AgentConversation::hear(const std::string& event, const quelm::Dictionary& 
     const Heard heard = take_(event, payload);
     if (heard == Heard::Nothing) return;
     heard_ = heard;
+    notice_.reset();
     platform::ProcessServices().runLoop->stopModal(0);
 }
 

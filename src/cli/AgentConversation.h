@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
 #include "agentlink/AgentObservers.h"
 #include "cli/Command.h"
+#include "platform/RunLoop.h"
 
 namespace orv::cli {
 
@@ -36,6 +38,8 @@ class AgentConversation {
     AgentObserverRecord record_;
     bool isAgentThere_ = false;
     Heard heard_ = Heard::Nothing;
+    /// Until something is heard.
+    std::unique_ptr<platform::RunLoop::Timer> notice_;
 };
 
 /// Says that no agent is there, and how to start it; NoAgent.

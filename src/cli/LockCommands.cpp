@@ -9,8 +9,8 @@
 #include "cli/ValueText.h"
 #include "foundation/system/LocalizedString.h"
 #include "foundation/texts/VisibleText.h"
+#include "sync/SyncRequest.h"
 #include "sync/locks/LockedItems.h"
-#include "sync/projects/SyncRequest.h"
 
 namespace orv::cli {
 

@@ -14,9 +14,9 @@
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "foundation/system/LocalizedString.h"
+#include "sync/SyncRequest.h"
 #include "sync/projects/ProjectListParser.h"
 #include "sync/projects/ProjectListStore.h"
-#include "sync/projects/SyncRequest.h"
 #include "sync/projects/UserNames.h"
 
 namespace orv::cli {

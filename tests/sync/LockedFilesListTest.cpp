@@ -1,14 +1,4 @@
-#include <gtest/gtest.h>
-#include <optional>
-
-#include "agentlink/AgentEventQueue.h"
-#include "agentlink/AgentVocabulary.h"
-#include "config/ConfigurationPath.h"
-#include "config/PropertyFiles.h"
-#include "foundation/system/Log.h"
-#include "support/ManualRunLoop.h"
-#include "support/ProcessNotifications.h"
-#include "support/TemporaryFolder.h"
+#include "sync/SyncFixture.h"
 #include "sync/locks/LockedFilesList.h"
 
 namespace {
@@ -17,24 +7,11 @@ using namespace orv;
 using quelm::Dictionary;
 using Names = std::vector<std::string>;
 
-class TheLocks : public testing::Test {
+class TheLocks : public test_support::SyncFixture {
  protected:
-    TheLocks() {
-        SetConfigBasePath(folder_.path());
-        quelm::SetLogSink([this](std::string_view line) { log_.emplace_back(line); });
-        EXPECT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
-                                          Dictionary{{"rcid", "17"}, {"team_name", "Sales"}}));
-        BeginAgentEvents();
-        dispatcher_.emplace();
-        accounts_.emplace(false);
-        list_.emplace(LockedFilesList::Environment{notifications_, *dispatcher_, *accounts_});
+    TheLocks() : SyncFixture({{"rcid", "17"}, {"team_name", "Sales"}}) {
+        list_.emplace(environment());
         list_->addClient(this, MakeSelector<&TheLocks::changed>("changed"));
-    }
-    ~TheLocks() override {
-        list_.reset();
-        EndAgentEvents(std::chrono::seconds(10));
-        quelm::SetLogSink(nullptr);
-        ClearConfigBasePath();
     }
 
     void changed(const Dictionary& userInfo) {
@@ -50,10 +27,6 @@ class TheLocks : public testing::Test {
         more.set("agent-id", "1");
         event("sync_item", std::move(more));
     }
-    void event(const char* name, Dictionary payload) {
-        payload.set("event_name", name);
-        center_->deliver(notifications::agentEvent, defaultNotificationObject, payload);
-    }
     [[nodiscard]] Names paths() const {
         Names paths;
         for (const Lock& lock : list_->locks())
@@ -62,15 +35,8 @@ class TheLocks : public testing::Test {
     }
     Names takeTold() { return std::exchange(told_, {}); }
 
-    test_support::ProcessNotifications center_;
-    test_support::ManualRunLoop loop_;
-    test_support::TemporaryFolder folder_;
-    platform::LocalNotifications notifications_{loop_};
-    std::optional<AgentEventDispatcher> dispatcher_;
-    std::optional<AccountList> accounts_;
     std::optional<LockedFilesList> list_;
     Names told_;
-    Names log_;
 };
 
 TEST_F(TheLocks, FollowWhatTheAgentReports) {

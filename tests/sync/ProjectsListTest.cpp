@@ -1,15 +1,5 @@
-#include <gtest/gtest.h>
-#include <optional>
-
-#include "agentlink/AgentEventQueue.h"
-#include "agentlink/AgentVocabulary.h"
-#include "config/ConfigurationPath.h"
-#include "config/PropertyFiles.h"
 #include "foundation/propertylist/PropertyList.h"
-#include "foundation/system/Log.h"
-#include "support/ManualRunLoop.h"
-#include "support/ProcessNotifications.h"
-#include "support/TemporaryFolder.h"
+#include "sync/SyncFixture.h"
 #include "sync/projects/ProjectsList.h"
 
 namespace {
@@ -18,30 +8,17 @@ using namespace orv;
 using quelm::Dictionary;
 using Names = std::vector<std::string>;
 
-class TheProjects : public testing::Test {
+class TheProjects : public test_support::SyncFixture {
  protected:
-    TheProjects() {
-        SetConfigBasePath(folder_.path());
-        quelm::SetLogSink([this](std::string_view line) { log_.emplace_back(line); });
-        EXPECT_TRUE(StorePropertiesToFile(
-            folder_ / "user_info.plist",
-            Dictionary{{"full_name", ""}, {"email", "anna@acme.example"}, {"user", "anna"}}));
-        BeginAgentEvents();
-        dispatcher_.emplace();
-        accounts_.emplace(false);
+    TheProjects()
+        : SyncFixture({{"full_name", ""}, {"email", "anna@acme.example"}, {"user", "anna"}}) {
         start();
-    }
-    ~TheProjects() override {
-        list_.reset();
-        EndAgentEvents(std::chrono::seconds(10));
-        quelm::SetLogSink(nullptr);
-        ClearConfigBasePath();
     }
 
     /// A list that begins with what is stored.
     void start() {
         list_.reset();
-        list_.emplace(ProjectsList::Environment{loop_, notifications_, *dispatcher_, *accounts_});
+        list_.emplace(environment());
         list_->addClient(this, MakeSelector<&TheProjects::projectsListChanged>("changed"));
         list_->loadProjectList();
         loop_.processPending();
@@ -53,11 +30,6 @@ class TheProjects : public testing::Test {
         more.set("command", command);
         more.set("project-list", xml);
         event("sync_response", std::move(more));
-    }
-    void event(const char* name, Dictionary payload) {
-        payload.set("event_name", name);
-        center_->deliver(notifications::agentEvent, defaultNotificationObject, payload);
-        loop_.processPending();
     }
     /// What was asked of the agent since the last call, without id and name.
     std::vector<Dictionary> asked() {
@@ -89,15 +61,8 @@ class TheProjects : public testing::Test {
         return quelm::ReadPropertyListFile(folder_ / "subscribed_projects.plist").value;
     }
 
-    test_support::ProcessNotifications center_;
-    test_support::ManualRunLoop loop_;
-    test_support::TemporaryFolder folder_;
-    platform::LocalNotifications notifications_{loop_};
-    std::optional<AgentEventDispatcher> dispatcher_;
-    std::optional<AccountList> accounts_;
     std::optional<ProjectsList> list_;
     std::vector<Dictionary> told_;
-    std::vector<std::string> log_;
 };
 
 const Dictionary idle{{"operation", "0"}, {"timed-out", "0"}};

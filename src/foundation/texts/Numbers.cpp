@@ -35,10 +35,4 @@ bool IsTrueText(std::string_view text) {
     return !text.empty() && std::string_view("123456789YyTt").find(text[0]) != text.npos;
 }
 
-std::int64_t SaturatingSum(std::int64_t left, std::int64_t right) {
-    std::int64_t sum = 0;
-    if (!__builtin_add_overflow(left, right, &sum)) return sum;
-    return right < 0 ? Limits::min() : Limits::max();
-}
-
 }  // namespace quelm

@@ -13,7 +13,4 @@ namespace quelm {
 /// of "YyTt".
 [[nodiscard]] bool IsTrueText(std::string_view text);
 
-/// The sum, or the end of 64 bits that it would go beyond.
-[[nodiscard]] std::int64_t SaturatingSum(std::int64_t left, std::int64_t right);
-
 }  // namespace quelm

@@ -1,10 +1,8 @@
 #include "pane/status/AgentProgress.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
+#include "foundation/system/Saturating.h"
 #include "foundation/texts/Numbers.h"
 
 namespace orv {
@@ -12,29 +10,19 @@ namespace orv {
 namespace {
 
 using quelm::Dictionary;
+using quelm::Narrowed;
+using quelm::SaturatingDifference;
 using quelm::SaturatingSum;
 
 /// How many speed reports a store event counts for.
 constexpr std::int32_t storeActivityOfEvent = 10;
 
-std::int32_t narrowed(std::int64_t number) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
-}
-
 std::int32_t intOf(const Dictionary& payload, const char* key) {
-    return narrowed(PayloadNumber(payload, key));
+    return Narrowed(PayloadNumber(payload, key));
 }
 
 bool flagOf(const Dictionary& payload, const char* key) {
     return quelm::IsTrueText(PayloadText(payload, key));
-}
-
-std::int64_t difference(std::int64_t left, std::int64_t right) {
-    using Limits = std::numeric_limits<std::int64_t>;
-    return right == Limits::min() ? SaturatingSum(SaturatingSum(left, Limits::max()), 1)
-                                  : SaturatingSum(left, -right);
 }
 
 void takeStoredBytes(AgentProgress& progress, const Dictionary& payload) {
@@ -63,8 +51,8 @@ void TakeShareStatistics(AgentProgress& progress, const Dictionary& payload) {
 
 void TakeStoreStatus(AgentProgress& progress, const Dictionary& payload) {
     takeStoredBytes(progress, payload);
-    progress.totalFilesForStoring = difference(PayloadNumber(payload, keys::totalFiles),
-                                               PayloadNumber(payload, keys::storedFiles));
+    progress.totalFilesForStoring = SaturatingDifference(PayloadNumber(payload, keys::totalFiles),
+                                                         PayloadNumber(payload, keys::storedFiles));
     progress.bannedFiles = intOf(payload, keys::bannedFiles);
     progress.nextUploadTimestamp = PayloadNumber(payload, keys::nextUploadTimestamp);
     progress.backupStoppedDueQuota = flagOf(payload, keys::backupStoppedQuota);
@@ -91,7 +79,7 @@ void TakeSpeedStatus(AgentProgress& progress, const Dictionary& payload) {
     progress.downloadSpeed = intOf(payload, keys::input);
     progress.uploadSpeedMax = intOf(payload, keys::outputMax);
     progress.downloadSpeedMax = intOf(payload, keys::inputMax);
-    progress.storeActivity = narrowed(std::int64_t{progress.storeActivity} - 1);
+    progress.storeActivity = Narrowed(std::int64_t{progress.storeActivity} - 1);
 }
 
 void TakeSyncProgress(AgentProgress& progress, const Dictionary& payload) {

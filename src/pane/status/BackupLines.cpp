@@ -2,11 +2,10 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 #include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
-#include "foundation/texts/Numbers.h"
+#include "foundation/system/Saturating.h"
 #include "pane/status/ConnectionLine.h"
 #include "widgets/SizeText.h"
 #include "widgets/TimeText.h"
@@ -23,12 +22,7 @@ struct Causes {
     const BackupSituation& situation;
 
     [[nodiscard]] std::int64_t remaining() const {
-        std::int64_t bytes = 0;
-        const bool overflows =
-            __builtin_sub_overflow(progress.totalBytesForStoring, progress.storedBytes, &bytes);
-        if (!overflows) return bytes;
-        using Limits = std::numeric_limits<std::int64_t>;
-        return progress.storedBytes < 0 ? Limits::max() : Limits::min();
+        return quelm::SaturatingDifference(progress.totalBytesForStoring, progress.storedBytes);
     }
     [[nodiscard]] bool isConnected() const {
         return progress.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);

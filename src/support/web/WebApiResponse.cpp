@@ -1,10 +1,9 @@
 #include "support/web/WebApiResponse.h"
 
-#include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "foundation/system/Log.h"
+#include "foundation/system/Saturating.h"
 #include "foundation/xml/XmlDocument.h"
 #include "foundation/xml/XmlElements.h"
 
@@ -13,12 +12,6 @@ namespace orv {
 namespace {
 
 constexpr const char* rootName = "quelmApiResponse";
-
-std::int32_t narrowed(std::int64_t number) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
-}
 
 void logInvalid(std::string_view data) {
     constexpr std::size_t shown = 1'000;
@@ -57,7 +50,7 @@ pugi::xml_node QuelmWebApiResponse::parameterValue(const std::string& name) cons
 
 std::int32_t QuelmWebApiResponse::intParameterValue(const std::string& name,
                                                     std::int32_t fallback) const {
-    return narrowed(longLongParameterValue(name, fallback));
+    return quelm::Narrowed(longLongParameterValue(name, fallback));
 }
 
 std::int64_t QuelmWebApiResponse::longLongParameterValue(const std::string& name,

@@ -25,4 +25,9 @@ std::optional<std::set<std::string>> ProjectCacheFolder::listFiles() const {
     return names;
 }
 
+std::optional<std::set<std::string>> ProjectCacheFolder::listFilesIn(const std::string& folder) {
+    const auto cache = open(folder);
+    return cache ? cache->listFiles() : std::nullopt;
+}
+
 }  // namespace quelm::sync

@@ -18,6 +18,9 @@ class ProjectCacheFolder {
 
     /// The names of the project list files; none when they cannot be listed.
     [[nodiscard]] std::optional<std::set<std::string>> listFiles() const;
+    /// The same of a folder that need not be open any longer.
+    [[nodiscard]] static std::optional<std::set<std::string>> listFilesIn(
+        const std::string& folder);
     [[nodiscard]] bool remove(const std::string& name) const { return handle_.removeFile(name); }
 
  private:

@@ -91,8 +91,7 @@ os::EStatusCode TakeProjectFolderOwnership(const std::string& folder) {
 
 SProjectFolderInfo LoadProjectFolderInfo(const std::string& folder,
                                          const std::string& masterFolder) {
-    const auto cache = ProjectCacheFolder::open(folder);
-    const auto names = cache ? cache->listFiles() : std::nullopt;
+    const auto names = ProjectCacheFolder::listFilesIn(folder);
     if (!names) return {};
     if (names->empty()) return {.status = PROJECT_FOLDER_NO_LIST, .ownerId = {}, .projectIds = {}};
     if (names->size() > 1)

@@ -19,8 +19,7 @@ namespace quelm::sync {
 namespace {
 
 bool hasListFileOf(const std::string& userId, const std::string& folder) {
-    const auto cache = ProjectCacheFolder::open(folder);
-    const auto names = cache ? cache->listFiles() : std::nullopt;
+    const auto names = ProjectCacheFolder::listFilesIn(folder);
     return names && names->contains(projectListPrefix + userId);
 }
 
@@ -83,8 +82,7 @@ class Wipe {
         const auto isOwn = [&own](const auto& entry) {
             return entry.isFolder && std::ranges::find(own, entry.name) != own.end();
         };
-        const auto cache = ProjectCacheFolder::open(masterFolder_);
-        const auto lists = cache ? cache->listFiles() : std::nullopt;
+        const auto lists = ProjectCacheFolder::listFilesIn(masterFolder_);
         if (entries && std::ranges::all_of(*entries, isOwn) && lists && lists->size() == 1) {
             return true;
         }

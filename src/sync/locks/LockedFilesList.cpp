@@ -6,8 +6,7 @@
 
 #include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
-#include "platform/Services.h"
-#include "sync/projects/SyncRequest.h"
+#include "sync/SyncRequest.h"
 
 namespace orv {
 
@@ -20,7 +19,7 @@ std::unique_ptr<LockedFilesList>& sharedList() {
 
 }  // namespace
 
-LockedFilesList::LockedFilesList(const Environment& environment)
+LockedFilesList::LockedFilesList(const SyncEnvironment& environment)
     : environment_(environment), clients_(environment.notifications, changedNotification, this) {
     registerAgentEvents();
 }
@@ -32,9 +31,7 @@ LockedFilesList::~LockedFilesList() {
 LockedFilesList& LockedFilesList::defaultLockedFilesList() {
     auto& shared = sharedList();
     if (!shared) {
-        shared = std::make_unique<LockedFilesList>(Environment{
-            *platform::ProcessServices().localNotifications,
-            AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList()});
+        shared = std::make_unique<LockedFilesList>(ProcessSyncEnvironment());
     }
     return *shared;
 }

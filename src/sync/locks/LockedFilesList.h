@@ -5,10 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "accounts/AccountList.h"
-#include "agentlink/AgentEventDispatcher.h"
 #include "agentlink/LocalClients.h"
-#include "platform/LocalNotifications.h"
+#include "sync/SyncEnvironment.h"
 #include "sync/locks/LockedItems.h"
 #include "sync/locks/UnlockNotice.h"
 
@@ -17,16 +15,9 @@ namespace orv {
 /// The locked files that the agents report, ordered by path. Main thread only; nothing waits.
 class LockedFilesList {
  public:
-    /// What it works with; all outlive it.
-    struct Environment {
-        platform::LocalNotifications& notifications;
-        AgentEventDispatcher& dispatcher;
-        AccountList& accounts;
-    };
-
     static constexpr const char* changedNotification = "locked_files_list_changed";
 
-    explicit LockedFilesList(const Environment& environment);
+    explicit LockedFilesList(const SyncEnvironment& environment);
     LockedFilesList(const LockedFilesList&) = delete;
     LockedFilesList& operator=(const LockedFilesList&) = delete;
     ~LockedFilesList();
@@ -64,7 +55,7 @@ class LockedFilesList {
     void registerAgentEvents();
 
     LockedItems lockedFiles{ShowUnlockNotice};
-    Environment environment_;
+    SyncEnvironment environment_;
     LocalClients clients_;
 };
 

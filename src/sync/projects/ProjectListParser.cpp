@@ -5,8 +5,8 @@
 
 #include "foundation/system/LocalizedString.h"
 #include "foundation/system/Log.h"
+#include "foundation/system/Saturating.h"
 #include "foundation/texts/CaseFolding.h"
-#include "foundation/texts/Numbers.h"
 #include "foundation/xml/XmlStream.h"
 #include "sync/projects/AttributeRow.h"
 

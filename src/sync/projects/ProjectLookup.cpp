@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "foundation/paths/PathPrefix.h"
 #include "foundation/paths/Paths.h"
 #include "sync/projects/ProjectsList.h"
@@ -14,13 +12,13 @@ void append(Projects& all, const Projects& more) {
     all.insert(all.end(), more.begin(), more.end());
 }
 
-ProjectPtr firstOf(const Projects& projects, auto matches) {
-    const auto found = std::ranges::find_if(projects, matches);
-    return found != projects.end() ? *found : nullptr;
-}
-
-auto has(const ProjectKey& key, std::string_view text) {
-    return [&key, text](const ProjectPtr& project) { return project->text(key) == text; };
+ProjectPtr firstOf(const auto& groups, const ProjectKey& key, std::string_view text) {
+    for (const Projects* group : groups) {
+        for (const ProjectPtr& project : *group) {
+            if (project->text(key) == text) return project;
+        }
+    }
+    return nullptr;
 }
 
 std::string folderOf(const ProjectPtr& project) {
@@ -42,22 +40,27 @@ Projects ProjectsList::projects() const {
     return all;
 }
 
+ProjectPtr ProjectsList::firstProject(const ProjectKey& key, std::string_view text) const {
+    return firstOf(groups(), key, text);
+}
+
 ProjectPtr ProjectsList::projectWithId(std::string_view id) const {
-    return firstOf(projects(), has(projectkeys::id, id));
+    return firstProject(projectkeys::id, id);
 }
 
 ProjectPtr ProjectsList::projectWithPath(std::string_view path) const {
-    return firstOf(projects(), has(projectkeys::path, path));
+    return firstProject(projectkeys::path, path);
 }
 
 ProjectPtr ProjectsList::projectWithName(std::string_view name) const {
-    return firstOf(projects(), has(projectkeys::name, name));
+    return firstProject(projectkeys::name, name);
 }
 
 ProjectPtr ProjectsList::mineProjectWithName(std::string_view name) const {
-    return firstOf(projects(), [name](const ProjectPtr& project) {
-        return project->ownedByMe() && project->text(projectkeys::name) == name;
-    });
+    for (const ProjectPtr& project : projects()) {
+        if (project->ownedByMe() && project->name() == name) return project;
+    }
+    return nullptr;
 }
 
 bool ProjectsList::existsPendingSyncOperationProject() const {
@@ -66,16 +69,20 @@ bool ProjectsList::existsPendingSyncOperationProject() const {
         byId ? pendingSyncOperationProjectId : pendingSyncOperationProjectPath;
     if (text.empty()) return false;
     // it may be among the others as well, which says nothing
-    return firstOf(subscribedProjects(), has(byId ? projectkeys::id : projectkeys::path, text)) !=
-           nullptr;
+    return firstOf(std::array{&subscribedSyncProjects_, &subscribedExternalProjects_},
+                   byId ? projectkeys::id : projectkeys::path, text) != nullptr;
 }
 
 ProjectPtr ProjectsList::projectForPath(std::string_view path) const {
     ProjectPtr innermost;
-    for (const ProjectPtr& project : subscribedProjects()) {
-        const std::string folder = folderOf(project);
-        if (folder.empty() || !quelm::StartsWithPath(path, folder)) continue;
-        if (!innermost || folder.size() > folderOf(innermost).size()) innermost = project;
+    std::size_t longest = 0;
+    for (const Projects* group : {&subscribedSyncProjects_, &subscribedExternalProjects_}) {
+        for (const ProjectPtr& project : *group) {
+            const std::string folder = folderOf(project);
+            if (folder.size() <= longest || !quelm::StartsWithPath(path, folder)) continue;
+            innermost = project;
+            longest = folder.size();
+        }
     }
     return innermost;
 }

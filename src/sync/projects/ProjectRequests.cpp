@@ -3,8 +3,8 @@
 #include "agentlink/AgentEventQueue.h"
 #include "agentlink/AgentVocabulary.h"
 #include "foundation/system/Log.h"
+#include "sync/SyncRequest.h"
 #include "sync/projects/ProjectsList.h"
-#include "sync/projects/SyncRequest.h"
 
 // What the list asks of the agent.
 

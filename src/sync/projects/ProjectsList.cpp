@@ -8,8 +8,7 @@
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
-#include "platform/Services.h"
-#include "sync/projects/SyncRequest.h"
+#include "sync/SyncRequest.h"
 #include "sync/projects/UserNames.h"
 
 namespace orv {
@@ -44,7 +43,7 @@ class ProjectsList::SettingsClient final : public AccountList::Client {
     ProjectsList& list_;
 };
 
-ProjectsList::ProjectsList(const Environment& environment)
+ProjectsList::ProjectsList(const SyncEnvironment& environment)
     : environment_(environment),
       clients_(environment.notifications, changedNotification, this),
       store_(GetConfigurationPath(files::subscribedProjects)),
@@ -63,10 +62,7 @@ ProjectsList::~ProjectsList() {
 
 void ProjectsList::createInstance() {
     if (sharedList()) return;
-    const platform::Services& services = platform::ProcessServices();
-    sharedList() = std::make_unique<ProjectsList>(
-        Environment{*services.runLoop, *services.localNotifications,
-                    AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList()});
+    sharedList() = std::make_unique<ProjectsList>(ProcessSyncEnvironment());
     sharedList()->loadProjectList();
 }
 

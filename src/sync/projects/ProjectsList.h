@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <list>
@@ -9,10 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "accounts/AccountList.h"
-#include "agentlink/AgentEventDispatcher.h"
 #include "agentlink/LocalClients.h"
-#include "platform/RunLoop.h"
+#include "sync/SyncEnvironment.h"
 #include "sync/projects/Project.h"
 #include "sync/projects/ProjectListParser.h"
 #include "sync/projects/ProjectListStore.h"
@@ -26,17 +25,9 @@ namespace orv {
 /// nothing waits unless said so.
 class ProjectsList {
  public:
-    /// What it works with; all outlive it.
-    struct Environment {
-        platform::RunLoop& runLoop;
-        platform::LocalNotifications& notifications;
-        AgentEventDispatcher& dispatcher;
-        AccountList& accounts;
-    };
-
     static constexpr const char* changedNotification = "projects_list_changed";
 
-    explicit ProjectsList(const Environment& environment);
+    explicit ProjectsList(const SyncEnvironment& environment);
     ProjectsList(const ProjectsList&) = delete;
     ProjectsList& operator=(const ProjectsList&) = delete;
     ~ProjectsList();
@@ -176,6 +167,11 @@ class ProjectsList {
     void startTimerWithTimeout(std::chrono::milliseconds timeout);
     void stopTimer() { timer.reset(); }
     void requestTimeoutElapsed();
+    /// In the order in which projects are looked for; the others before the subscribed ones.
+    [[nodiscard]] std::array<const Projects*, 3> groups() const {
+        return {&notSubscribedProjects_, &subscribedSyncProjects_, &subscribedExternalProjects_};
+    }
+    [[nodiscard]] ProjectPtr firstProject(const ProjectKey& key, std::string_view text) const;
     [[nodiscard]] std::size_t countSubscribable(bool known) const;
     void answerWaiting();
 
@@ -199,7 +195,7 @@ class ProjectsList {
     std::set<std::string> me;
     AgentObserverRecord connectionStatusNotification;
 
-    Environment environment_;
+    SyncEnvironment environment_;
     LocalClients clients_;
     ProjectListStore store_;
     std::shared_ptr<SettingsClient> settingsClient_;

@@ -37,7 +37,10 @@ void ProjectsList::subscribableProjectsCount(bool known, std::function<void(std:
 }
 
 void ProjectsList::answerWaiting() {
-    const auto waiting = std::exchange(waiting_, {});
+    auto waiting = std::exchange(waiting_, {});
+    // an answer may run the loop, and none of these is to time out there any more
+    for (Waiting& one : waiting)
+        one.timer.reset();
     for (const Waiting& one : waiting)
         one.answer(countSubscribable(one.known));
 }

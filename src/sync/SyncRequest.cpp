@@ -1,4 +1,4 @@
-#include "sync/projects/SyncRequest.h"
+#include "sync/SyncRequest.h"
 
 #include <string>
 #include <utility>

@@ -1,0 +1,13 @@
+#include "sync/SyncEnvironment.h"
+
+#include "platform/Services.h"
+
+namespace orv {
+
+SyncEnvironment ProcessSyncEnvironment() {
+    const platform::Services& services = platform::ProcessServices();
+    return {*services.runLoop, *services.localNotifications,
+            AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList()};
+}
+
+}  // namespace orv
