@@ -197,10 +197,10 @@ TEST(ProjectLines, AddTheWeightiestProblemAsALink) {
     EXPECT_EQ(state(), StatusLine{});
 }
 
-TEST(StatusText, LinksWholeCharacters) {
+TEST(LinkedText, LinksWholeCharacters) {
     EXPECT_EQ(WithLinkedSuffix("é", "（ü）x）", 1, 2, "a"),
-              (StatusText{"é（ü）x）", {{5, 5, "a"}}}));
-    EXPECT_EQ(WithLinkedSuffix("t", "ab", 2, 1, "a"), StatusText{"tab"});
+              (LinkedText{"é（ü）x）", {{5, 5, "a"}}}));
+    EXPECT_EQ(WithLinkedSuffix("t", "ab", 2, 1, "a"), LinkedText{"tab"});
 }
 
 }  // namespace

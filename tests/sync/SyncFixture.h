@@ -36,9 +36,7 @@ class SyncFixture : public testing::Test {
         orv::ClearConfigBasePath();
     }
 
-    orv::SyncEnvironment environment() {
-        return {loop_, notifications_, *dispatcher_, *accounts_};
-    }
+    orv::SyncEnvironment environment() { return {loop_, notifications_, *dispatcher_, *accounts_}; }
     /// As an agent sends it.
     void event(const char* name, quelm::Dictionary payload) {
         payload.set("event_name", name);

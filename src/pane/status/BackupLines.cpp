@@ -134,7 +134,7 @@ std::string summaryOf(const AgentProgress& progress) {
     return GetLocalizedString("PrefPane.NoBackup", "No backup configured");
 }
 
-StatusText invitation() {
+LinkedText invitation() {
     return WithLinkedSuffix(
         "", GetLocalizedString("PrefPane.SelectFolders", "Select folders for backup..."), 0, 0,
         "orv:backup_config+1");

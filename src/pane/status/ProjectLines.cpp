@@ -26,7 +26,7 @@ StatusLine baseLine(const AgentProgress& progress) {
     return {{GetLocalizedString("PrefPane.SyncComplete", "Sync Complete")}, StatusImage::InSync};
 }
 
-StatusText withViolations(const std::string& text, std::int64_t count) {
+LinkedText withViolations(const std::string& text, std::int64_t count) {
     const std::string suffix =
         count == 1 ? GetLocalizedString("PreferencePane.permissionViolation", " (1 sync violation)")
                    : FormatLocalizedString("PreferencePane.permissionViolations",
@@ -35,7 +35,7 @@ StatusText withViolations(const std::string& text, std::int64_t count) {
                             "orv:fixPermissionViolationsWindow", attentionColor);
 }
 
-StatusText withStorageProblem(const std::string& text, std::int32_t status,
+LinkedText withStorageProblem(const std::string& text, std::int32_t status,
                               const std::string& agentId) {
     const std::string suffix =
         status == 1
@@ -46,7 +46,7 @@ StatusText withStorageProblem(const std::string& text, std::int32_t status,
                             attentionColor);
 }
 
-StatusText withLocks(const std::string& text, std::int64_t count) {
+LinkedText withLocks(const std::string& text, std::int64_t count) {
     const std::string suffix =
         count == 1
             ? GetLocalizedString("PreferencePane.lockedFile", " (1 file locked)")
@@ -63,7 +63,7 @@ ProjectLines ComposeProjectLines(const AgentProgress& progress, const ProjectSit
                                          {progress.totalProjects, progress.totalFilesProjects,
                                           orv::FileSizeString(progress.totalBytesProjects)}),
         .state = baseLine(progress)};
-    StatusText& text = lines.state.text;
+    LinkedText& text = lines.state.text;
     if (situation.violations > 0 && !shown.empty() && isConnected(progress)) {
         text = withViolations(text.text, situation.violations);
     } else if (isConnected(progress) && progress.syncQuotaStatus != 0) {

@@ -41,9 +41,9 @@ std::string_view NameOf(StatusImage image) {
     return names.at(static_cast<std::size_t>(image));
 }
 
-StatusText WithLinkedSuffix(std::string_view text, std::string_view suffix, std::size_t before,
+LinkedText WithLinkedSuffix(std::string_view text, std::string_view suffix, std::size_t before,
                             std::size_t behind, std::string address, std::string color) {
-    StatusText whole{std::string(text).append(suffix)};
+    LinkedText whole{std::string(text).append(suffix)};
     const std::size_t start = behindFirst(suffix, before);
     const std::size_t end = beforeLast(suffix, behind);
     if (start < end) {
