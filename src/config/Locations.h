@@ -42,6 +42,9 @@ inline constexpr auto volumeFolders =
 /// What can be made anew, and the locks of running agents.
 inline constexpr std::string_view cache = "~/Library/Caches/com.corvanta.orv";
 
+/// What the panel logs.
+inline constexpr std::string_view panelLog = "~/Library/Logs/CorvantaPrefPane.log";
+
 }  // namespace orv::locations
 
 namespace orv::files {

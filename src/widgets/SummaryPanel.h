@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "widgets/PieChart.h"
+
+namespace orv {
+
+struct SummaryRow {
+    std::string label;
+    std::string size;
+    StorageRole role = StorageRole::Quota;
+    bool operator==(const SummaryRow&) const = default;
+};
+
+/// The quota summary beside the pie: who takes up how much, what is free, and the quota.
+class SummaryPanel {
+ public:
+    /// The sizes; whether backup and sync are enabled is taken from the operations below alone.
+    void setFigures(const StorageFigures& figures);
+    void setBackupEnabled(bool enabled) { figures_.backupEnabled = enabled; }
+    void setSyncEnabled(bool enabled) { figures_.syncEnabled = enabled; }
+
+    /// What the pie is to show too.
+    [[nodiscard]] const StorageFigures& figures() const { return figures_; }
+    /// From the top.
+    [[nodiscard]] std::vector<SummaryRow> rows() const;
+
+ private:
+    StorageFigures figures_;
+};
+
+}  // namespace orv
