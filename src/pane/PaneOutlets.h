@@ -1,6 +1,8 @@
 #pragma once
 
+#include "widgets/ModelView.h"
 #include "widgets/Outlets.h"
+#include "widgets/SummaryPanel.h"
 #include "widgets/TabView.h"
 #include "widgets/TableView.h"
 
@@ -50,6 +52,10 @@ struct PaneOutlets {
     CheckBox _backupPolicyButton;
     Button _progressButton;
     Button _restoreProgressButton;
+    ModelView<StorageFigures> _pieChartView;
+    ModelView<SummaryPanel> _summaryPanelView;
+    /// What the pie shows, in one sentence.
+    TextField _spaceUsageLabel;
 
     // the projects
     ImageView _projectsFolderImage;

@@ -16,6 +16,7 @@ struct StorageFigures {
     // Off, this computer and projects are shown only while they take up storage all the same.
     bool backupEnabled = true;
     bool syncEnabled = true;
+    bool operator==(const StorageFigures&) const = default;
 };
 
 enum class StorageRole {

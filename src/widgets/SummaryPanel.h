@@ -26,6 +26,7 @@ class SummaryPanel {
     [[nodiscard]] const StorageFigures& figures() const { return figures_; }
     /// From the top.
     [[nodiscard]] std::vector<SummaryRow> rows() const;
+    bool operator==(const SummaryPanel&) const = default;
 
  private:
     StorageFigures figures_;

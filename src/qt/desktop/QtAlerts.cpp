@@ -1,0 +1,90 @@
+#include "qt/desktop/QtAlerts.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <utility>
+#include <vector>
+
+#include "qt/binding/Mnemonics.h"
+#include "qt/binding/QtText.h"
+#include "qt/binding/ShownText.h"
+#include "qt/elements/MakeChild.h"
+#include "qt/looks/Icons.h"
+
+namespace orv {
+
+namespace {
+
+constexpr int iconSide = 48;
+
+struct Look {
+    QMessageBox::Icon icon;
+    const char* image;
+};
+
+Look lookOf(AlertStyle style) {
+    if (style == AlertStyle::Critical) return {QMessageBox::Warning, "warning"};
+    return {QMessageBox::Information, "tidewell"};
+}
+
+void showIcon(QMessageBox& box, const Icons& icons, AlertStyle style) {
+    const Look look = lookOf(style);
+    box.setIcon(look.icon);
+    const QIcon image = icons.icon(QLatin1String(look.image));
+    if (image.isNull()) return;
+    box.setIconPixmap(image.pixmap(QSize(iconSide, iconSide), box.devicePixelRatio()));
+}
+
+void showTexts(QMessageBox& box, const Alert& alert) {
+    box.setWindowTitle(ShownLine(alert.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ShownText(alert.message));
+    if (!alert.informativeText) return;
+    box.setInformativeText(ShownText(*alert.informativeText));
+    // it would guess the format
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
+}
+
+using Buttons = std::vector<QAbstractButton*>;
+
+Buttons addButtons(QMessageBox& box, const Alert& alert) {
+    Buttons buttons;
+    for (const std::string& title : alert.buttons) {
+        const bool cancels = static_cast<int>(buttons.size()) == alert.cancelButton;
+        auto* button =
+            box.addButton(QString(), cancels ? QMessageBox::RejectRole : QMessageBox::AcceptRole);
+        SetPlainTitle(*button, ShownLine(title));
+        if (cancels) box.setEscapeButton(button);
+        if (buttons.empty()) box.setDefaultButton(button);
+        buttons.push_back(button);
+    }
+    return buttons;
+}
+
+int indexOf(const QAbstractButton* button, const Buttons& buttons, int otherwise) {
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        if (buttons[i] == button) return static_cast<int>(i);
+    return otherwise;
+}
+
+}  // namespace
+
+void QtAlerts::show(const Alert& alert, std::function<void(int button)> answered) {
+    QWidget* active = QApplication::activeWindow();
+    auto* box = MakeChild<QMessageBox>(active ? active : mainWindow_.data());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    showIcon(*box, *icons_, alert.style);
+    showTexts(*box, alert);
+    const Buttons buttons = addButtons(*box, alert);
+    AssignMnemonics(*box);
+    QObject::connect(box, &QMessageBox::finished, box,
+                     [box, buttons, answered = std::move(answered), cancel = alert.cancelButton] {
+                         if (answered) answered(indexOf(box->clickedButton(), buttons, cancel));
+                     });
+    box->open();
+}
+
+}  // namespace orv

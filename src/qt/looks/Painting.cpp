@@ -1,0 +1,190 @@
+#include "qt/looks/Painting.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+#include "qt/looks/Spacing.h"
+
+namespace orv::painting {
+
+namespace {
+
+constexpr qreal hairline = 1;
+
+bool has(const QStyleOption& option, QStyle::StateFlag flag) {
+    return option.state.testFlag(flag);
+}
+
+/// Half a pixel inside, so that a line of one pixel is sharp.
+QRectF inside(const QRect& rect, qreal pen = hairline) {
+    return QRectF(rect).adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
+}
+
+QColor mixed(const QColor& one, const QColor& other, float share) {
+    const auto mix = [share](float a, float b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()),
+                            mix(one.blueF(), other.blueF()));
+}
+
+/// As it is, under the pointer, or pressed.
+QColor reacting(const QColor& color, const QStyleOption& option) {
+    const QColor text = option.palette.color(QPalette::WindowText);
+    if (!has(option, QStyle::State_Enabled)) return color;
+    if (has(option, QStyle::State_Sunken)) return mixed(color, text, 0.16F);
+    if (has(option, QStyle::State_MouseOver)) return mixed(color, text, 0.06F);
+    return color;
+}
+
+struct Box {
+    QColor fill;
+    QColor line;
+};
+
+void drawBox(QPainter& painter, const QRect& rect, const Box& box, qreal radius = spacing::radius) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(box.line, hairline));
+    painter.setBrush(box.fill);
+    painter.drawRoundedRect(inside(rect), radius, radius);
+    painter.restore();
+}
+
+bool hasKeyboardFocus(const QStyleOption& option) {
+    return has(option, QStyle::State_HasFocus) && has(option, QStyle::State_KeyboardFocusChange);
+}
+
+Box buttonBox(const QStyleOption& option) {
+    const QPalette& palette = option.palette;
+    if (!has(option, QStyle::State_Enabled))
+        return {palette.color(QPalette::Window), palette.color(QPalette::Mid)};
+    if (IsAccented(option)) {
+        const QColor accent = reacting(palette.color(QPalette::Highlight), option);
+        return {accent, accent};
+    }
+    const QColor line = mixed(palette.color(QPalette::Mid), palette.color(QPalette::Dark), 0.4F);
+    return {reacting(palette.color(QPalette::Button), option), line};
+}
+
+void drawChevron(QPainter& painter, const QRectF& place, const QColor& color) {
+    const QPointF middle = place.center();
+    const qreal reach = 4;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(
+        QPolygonF({middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
+                   middle + QPointF(reach, -reach / 2)}));
+    painter.restore();
+}
+
+void drawCheckMark(QPainter& painter, const QRectF& box, const QColor& color) {
+    const auto at = [&box](qreal x, qreal y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({at(0.24, 0.52), at(0.43, 0.71), at(0.77, 0.32)}));
+    painter.restore();
+}
+
+}  // namespace
+
+bool IsAccented(const QStyleOption& option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    return button && has(option, QStyle::State_Enabled) &&
+           button->features.testFlag(QStyleOptionButton::DefaultButton);
+}
+
+void button(const QStyleOption& option, QPainter& painter) {
+    drawBox(painter, option.rect, buttonBox(option));
+}
+
+void flatButton(const QStyleOption& option, QPainter& painter) {
+    const bool reacts = has(option, QStyle::State_MouseOver) || has(option, QStyle::State_Sunken);
+    if (!has(option, QStyle::State_Enabled) || !reacts) return;
+    QColor fill = option.palette.color(QPalette::WindowText);
+    fill.setAlphaF(has(option, QStyle::State_Sunken) ? 0.16F : 0.08F);
+    drawBox(painter, option.rect, {fill, Qt::transparent});
+}
+
+void checkIndicator(const QStyleOption& option, QPainter& painter) {
+    constexpr qreal radius = 4;
+    const QPalette& palette = option.palette;
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    const bool isOn = has(option, QStyle::State_On);
+    const QColor accent =
+        reacting(palette.color(isEnabled ? QPalette::Highlight : QPalette::Dark), option);
+    const QColor empty = reacting(palette.color(QPalette::Base), option);
+    const QColor line = palette.color(isEnabled ? QPalette::Dark : QPalette::Mid);
+    drawBox(painter, option.rect, isOn ? Box{accent, accent} : Box{empty, line}, radius);
+    if (isOn) drawCheckMark(painter, option.rect, palette.color(QPalette::HighlightedText));
+}
+
+void comboBox(const QStyleOptionComboBox& option, QPainter& painter) {
+    drawBox(painter, option.rect, buttonBox(option));
+    QRectF arrow = option.rect;
+    const qreal width = 26;
+    if (option.direction == Qt::RightToLeft) {
+        arrow.setRight(arrow.left() + width);
+    } else {
+        arrow.setLeft(arrow.right() - width);
+    }
+    drawChevron(painter, arrow, option.palette.color(QPalette::PlaceholderText));
+    if (hasKeyboardFocus(option)) focus(option, painter);
+}
+
+void field(const QStyleOption& option, QPainter& painter) {
+    const QPalette& palette = option.palette;
+    const bool isFocused = has(option, QStyle::State_HasFocus);
+    drawBox(painter, option.rect,
+            {palette.color(QPalette::Base),
+             palette.color(isFocused ? QPalette::Highlight : QPalette::Dark)});
+    if (isFocused) focus(option, painter);
+}
+
+void frame(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setPen(QPen(option.palette.color(QPalette::Mid), hairline));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(inside(option.rect));
+    painter.restore();
+    if (has(option, QStyle::State_HasFocus)) focus(option, painter);
+}
+
+void focus(const QStyleOption& option, QPainter& painter) {
+    constexpr qreal pen = 2;
+    QColor color = option.palette.color(QPalette::Link);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, pen));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(inside(option.rect, pen), spacing::radius, spacing::radius);
+    painter.restore();
+}
+
+void tab(const QStyleOption& option, QPainter& painter) {
+    constexpr int thick = 3;
+    const bool isSelected = has(option, QStyle::State_Selected);
+    if (!isSelected && !has(option, QStyle::State_MouseOver)) return;
+    QRect line = option.rect.adjusted(spacing::tight, 0, -spacing::tight, 0);
+    line.setTop(line.bottom() - thick + 1);
+    painter.fillRect(line, option.palette.color(isSelected ? QPalette::Highlight : QPalette::Mid));
+}
+
+void tabBase(const QStyleOption& option, QPainter& painter) {
+    QRect line = option.rect;
+    line.setTop(line.bottom());
+    painter.fillRect(line, option.palette.color(QPalette::Mid));
+}
+
+void header(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::AlternateBase));
+    QRect line = option.rect;
+    line.setTop(line.bottom());
+    painter.fillRect(line, option.palette.color(QPalette::Mid));
+}
+
+void nothing(const QStyleOption& /*option*/, QPainter& /*painter*/) {}
+
+}  // namespace orv::painting

@@ -1,0 +1,114 @@
+// Takes pictures of every window with sample values: gallery FOLDER
+// With --first-paint it ends when the main window has been painted.
+
+#include <QApplication>
+#include <QDir>
+#include <QTimer>
+#include <clocale>
+#include <iostream>
+
+#include "foundation/system/ApplicationBundle.h"
+#include "qt/SampleOutlets.h"
+#include "qt/binding/FrameUpdates.h"
+#include "qt/desktop/Screenshots.h"
+#include "qt/looks/Icons.h"
+#include "qt/looks/Theme.h"
+#include "qt/texts/LocalizedTranslator.h"
+#include "qt/windows/AdvancedSettingsWindow.h"
+#include "qt/windows/MainWindow.h"
+#include "qt/windows/OnlinePasswordWindow.h"
+
+namespace {
+
+class EndAtPaint final : public QObject {
+ protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        return false;
+    }
+};
+
+QString suffix(orv::Appearance appearance) {
+    return QString::fromLatin1(appearance == orv::Appearance::Dark ? "-dark" : "-light") +
+           QStringLiteral("@%1").arg(qApp->devicePixelRatio());
+}
+
+void takeAll(const orv::WindowContext& context, const QString& folder, const QString& end) {
+    test_support::SampleOutlets outlets;
+    orv::MainWindow window(context, outlets.pane);
+    orv::OnlinePasswordWindow password(context, outlets.password, &window);
+    orv::AdvancedSettingsWindow advanced(context, outlets.advanced, &window);
+    window.show();
+    outlets.password._enterPasswordWindow.orderFront();
+    outlets.advanced._advancedSettingsWindow.orderFront();
+    outlets.password._indicator.startAnimation();
+    context.updates.flush();
+    QStringList taken = orv::TakeScreenshots(window, folder, QStringLiteral("main") + end);
+    taken += orv::TakeScreenshots(password, folder, QStringLiteral("password") + end);
+    taken += orv::TakeScreenshots(advanced, folder, QStringLiteral("advanced") + end);
+
+    // a bad day
+    outlets.pane._settingsNotice.setText(
+        {"The settings file of account “Workshop” is damaged. Its defaults are used. Show it", {}});
+    outlets.pane._settingsNotice.setHidden(false);
+    outlets.pane._headline.setText(
+        {"Backup stopped: the storage is full. Get more storage", {{37, 16, "orv:dashboard", ""}}});
+    outlets.pane._headlineImage.setImageName("permissionViolation");
+    outlets.pane._connectButton.setTitle("Connect");
+    outlets.pane._connectionStatus.setStringValue("Anna Weber disconnected");
+    outlets.pane._connectionInfo.setStringValue("The server cannot be reached.");
+    outlets.pane._connectedFSA.setHidden(true);
+    outlets.pane._accountsButton.setTitles({"Default"});
+    outlets.folders.rows.clear();
+    outlets.pane._foldersList.reloadData();
+    outlets.pane._manageBackupsButton.setEnabled(false);
+    outlets.pane._removeFolderButton.setEnabled(false);
+    outlets.pane._backupPolicyButton.setOn(true);
+    outlets.pane._backupPolicyButton.setEnabled(false);
+    outlets.pane._restoreProgressButton.setHidden(false);
+    outlets.advanced._lockedNotice.setHidden(false);
+    outlets.advanced._lockedNotice.setStringValue("Your administrator has locked these settings.");
+    for (auto* box : {&outlets.advanced._showNotifications, &outlets.advanced._smartLocking})
+        box->setEnabled(false);
+    context.updates.flush();
+    taken += orv::TakeScreenshots(window, folder, QStringLiteral("bad-main") + end);
+    taken += orv::TakeScreenshots(advanced, folder, QStringLiteral("bad-advanced") + end);
+    for (const QString& path : taken)
+        std::cout << path.toStdString() << '\n';
+}
+
+int showUntilPainted(const orv::WindowContext& context) {
+    test_support::SampleOutlets outlets;
+    orv::MainWindow window(context, outlets.pane);
+    EndAtPaint end;
+    window.installEventFilter(&end);
+    window.show();
+    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const quelm::Bundle bundle(quelm::FindResourcesFolder(), quelm::PreferredLanguages());
+    quelm::SetApplicationBundle(&bundle);
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    const orv::Appearance appearance = orv::PreferredAppearance(QApplication::palette());
+    orv::ApplyTheme(application, appearance);
+    orv::LocalizedTranslator texts;
+    QCoreApplication::installTranslator(&texts);
+    orv::FrameUpdates updates;
+    const orv::Icons icons(QString::fromStdString(bundle.resourcesFolder()), appearance);
+    const orv::WindowContext context{updates, icons, [](const std::string& address) {
+                                         std::cout << "link " << address << '\n';
+                                     }};
+    const QStringList words = QCoreApplication::arguments();
+    if (words.size() != 2) {
+        std::cerr << "usage: gallery FOLDER | --first-paint\n";
+        return 2;
+    }
+    if (words[1] == QLatin1String("--first-paint")) return showUntilPainted(context);
+    QDir().mkpath(words[1]);
+    takeAll(context, words[1], suffix(appearance));
+    return 0;
+}
