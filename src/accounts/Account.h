@@ -46,6 +46,7 @@ class Account {
     void adoptSettings(AccountRecords records);
     /// As they were read or set last, without reading anything.
     [[nodiscard]] const AccountRecords& records() const { return records_; }
+    [[nodiscard]] AccountRecords& records() { return records_; }
 
     [[nodiscard]] const std::string& accountFolderPath() const { return _accountFolderPath; }
     /// "1" for the default account.
