@@ -31,10 +31,10 @@ Outcome outcomeOf(const std::string& data) {
     }
     if (response->responseCode() == 0)
         return {true, GetLocalizedString("Password.Right", "The password is right.")};
-    return {false, QuelmWebApiResponse::errorMessageForCode(
-                       response->responseCode(),
-                       GetLocalizedString("OnlinePassword.Refused",
-                                          "The password was not accepted."))};
+    return {false,
+            QuelmWebApiResponse::errorMessageForCode(
+                response->responseCode(),
+                GetLocalizedString("OnlinePassword.Refused", "The password was not accepted."))};
 }
 
 Outcome check(const std::string& password) {
@@ -45,11 +45,10 @@ Outcome check(const std::string& password) {
         VerifyAccountCommand(AccountList::defaultAccountList().defaultConfig(), password),
         [&](const std::string& data) { outcome = outcomeOf(data); },
         [&](const std::optional<HttpError>&) {
-            outcome.message = GetLocalizedString("OnlinePassword.ConnectionError",
-                                                 "Connection error.") +
-                              " " +
-                              GetLocalizedString("OnlinePassword.ConnectionErrorDetail",
-                                                 "Please check your connection and retry.");
+            outcome.message =
+                GetLocalizedString("OnlinePassword.ConnectionError", "Connection error.") + " " +
+                GetLocalizedString("OnlinePassword.ConnectionErrorDetail",
+                                   "Please check your connection and retry.");
         });
     return outcome;
 }

@@ -98,8 +98,8 @@ class StatusViewer {
                 });
             });
         }
-        const auto minute = runLoop_.every(std::chrono::seconds(30),
-                                           [this] { model_.showConnectionStatus(); });
+        const auto minute =
+            runLoop_.every(std::chrono::seconds(30), [this] { model_.showConnectionStatus(); });
         runLoop_.runModal();
     }
 
@@ -206,10 +206,10 @@ ExitCode ConnectAgent(const Arguments&, Console& console) {
     const bool isThere = isAgentThere(bus, agentId);
     const ExitCode sent = sendQueued(console);
     if (isThere) return sent;
-    return Fail(console, ExitCode::NoAgent,
-                quelm::FormatLocalizedString("Cli.AgentNotStarted",
-                                             "The agent of account %@ could not be started.",
-                                             {agentId}));
+    return Fail(
+        console, ExitCode::NoAgent,
+        quelm::FormatLocalizedString("Cli.AgentNotStarted",
+                                     "The agent of account %@ could not be started.", {agentId}));
 }
 
 ExitCode DisconnectAgent(const Arguments&, Console& console) {

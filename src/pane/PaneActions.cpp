@@ -87,15 +87,14 @@ void orvPreferencePane::verifyPasswordButtonChanged() {
         controller.disableRememberPassword();
         if (!controller.checkPassword()) return outlets_._verifyPasswordButton.setOn(true);
     }
-    settings_.change(0x2000, [isOn](AccountRecords& records) {
-        records.agentSettings.setAskForPassword(isOn);
-    });
+    settings_.change(
+        0x2000, [isOn](AccountRecords& records) { records.agentSettings.setAskForPassword(isOn); });
     saveSettings();
 }
 
 void orvPreferencePane::resetShowDialogPreference() {
-    _responseTimer = environment_.services.runLoop->after(answerPatience,
-                                                          [this] { handleResponseTimeout(); });
+    _responseTimer =
+        environment_.services.runLoop->after(answerPatience, [this] { handleResponseTimeout(); });
     NotifyAgentEvent("0", events::resetShowDialog);
 }
 
@@ -233,12 +232,11 @@ void orvPreferencePane::deleteAccountClicked() {
 void orvPreferencePane::deleteAccount(Account& account) {
     DeleteAccountData(account, RemainsOf(account, environment_.accounts),
                       environment_.slowBackground,
-                      [this, life = std::weak_ptr(life_), agentId = account.agentID()](
-                          const std::vector<std::string>& leftOver) {
+                      [this, life = std::weak_ptr(life_),
+                       agentId = account.agentID()](const std::vector<std::string>& leftOver) {
                           NotifyAgentSettingsChanged(agentId, HintAccountRecord);
                           if (life.expired()) return;
-                          const std::size_t index =
-                              outlets_._accountsButton.indexOfSelectedItem();
+                          const std::size_t index = outlets_._accountsButton.indexOfSelectedItem();
                           if (index > 0) outlets_._accountsButton.choose(index - 1);
                           if (!leftOver.empty()) printErrorMessage(LeftOverText(leftOver));
                       });

@@ -35,9 +35,8 @@ void orvPreferencePane::registerAgentEvents() {
          MakeSelector<&orvPreferencePane::handleStorageQuota>("handleStorageQuota")},
         {events::storageWindow,
          MakeSelector<&orvPreferencePane::handleStorageWindow>("handleStorageWindow")},
-        {events::preferencesSelectTab,
-         MakeSelector<&orvPreferencePane::handlePreferencesSelectTab>(
-             "handlePreferencesSelectTab")},
+        {events::preferencesSelectTab, MakeSelector<&orvPreferencePane::handlePreferencesSelectTab>(
+                                           "handlePreferencesSelectTab")},
         {events::resetShowDialogSuccess,
          MakeSelector<&orvPreferencePane::handleFinderResetSuccess>("handleFinderResetSuccess")},
         {events::projectImportResponse,
@@ -101,14 +100,14 @@ void orvPreferencePane::handleResponseTimeout() {
 
 void orvPreferencePane::handleProjectImportResponse(const quelm::Dictionary& payload) {
     if (PayloadNumber(payload, keys::result) == 0) return;
-    Alert alert{.title = GetLocalizedString("PopulateProjects.ImportFailed",
-                                            "Project Loader failed"),
-                .message = GetLocalizedString("PopulateProjectsController.UnableToStart",
-                                              "Unable to start up project loader. Please contact "
-                                              "your administrator."),
-                .informativeText = {},
-                .buttons = {GetLocalizedString("ProjectSync.Close", "Close")},
-                .style = AlertStyle::Critical};
+    Alert alert{
+        .title = GetLocalizedString("PopulateProjects.ImportFailed", "Project Loader failed"),
+        .message = GetLocalizedString("PopulateProjectsController.UnableToStart",
+                                      "Unable to start up project loader. Please contact "
+                                      "your administrator."),
+        .informativeText = {},
+        .buttons = {GetLocalizedString("ProjectSync.Close", "Close")},
+        .style = AlertStyle::Critical};
     if (payload.find(keys::running)) {
         if (PayloadText(payload, keys::running) != "1") return;
         alert.title = GetLocalizedString("PopulateProjects.LoaderAlreadyRunning",

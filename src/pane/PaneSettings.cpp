@@ -73,12 +73,12 @@ void orvPreferencePane::initStorageQuotaSettings() {
 }
 
 void orvPreferencePane::reloadRecords(std::function<void()> done) {
-    environment_.accounts.reload(settingsAccount_, [this, life = std::weak_ptr(life_),
-                                                    done = std::move(done)] {
-        if (life.expired()) return;
-        recordsReloaded();
-        done();
-    });
+    environment_.accounts.reload(settingsAccount_,
+                                 [this, life = std::weak_ptr(life_), done = std::move(done)] {
+                                     if (life.expired()) return;
+                                     recordsReloaded();
+                                     done();
+                                 });
 }
 
 void orvPreferencePane::recordsReloaded() {
@@ -117,24 +117,24 @@ void orvPreferencePane::checkKeychain() {
             if (life.expired()) return;
             outlets_._keychainNotice.setHidden(*state == Status::Done);
             outlets_._keychainNotice.setStringValue(
-                *state == Status::Done
-                    ? ""
-                    : quelm::FormatLocalizedString("PrefPane.NoKeychain",
-                                                   "Passwords cannot be kept. %@",
-                                                   {KeychainRemedy(*state)}));
+                *state == Status::Done ? ""
+                                       : quelm::FormatLocalizedString(
+                                             "PrefPane.NoKeychain", "Passwords cannot be kept. %@",
+                                             {KeychainRemedy(*state)}));
         });
 }
 
 /// Without a bus no agent can be reached, and nothing ever says so.
 void orvPreferencePane::checkBus() {
     auto* const center = environment_.services.notifications.get();
-    busObservation_ = center ? center->observeConnection([this](bool isConnected) {
-        busConnectionChanged(isConnected);
-    })
+    busObservation_ = center ? center->observeConnection(
+                                   [this](bool isConnected) { busConnectionChanged(isConnected); })
                              : nullptr;
     auto isThere = std::make_shared<bool>(false);
     environment_.slowBackground.perform(
-        [isThere, center] { *isThere = center && center->waitUntilListening(std::chrono::seconds(2)); },
+        [isThere, center] {
+            *isThere = center && center->waitUntilListening(std::chrono::seconds(2));
+        },
         [this, life = std::weak_ptr(life_), isThere] {
             if (!life.expired() && !*isThere) busConnectionChanged(false);
         });

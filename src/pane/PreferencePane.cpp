@@ -164,8 +164,8 @@ void orvPreferencePane::tabViewDidSelectTabViewItem(const TabViewItem& item) {
 
 void orvPreferencePane::startStorageFoldersUpdate() {
     if (_storageFoldersUpdateTimer) return;
-    _storageFoldersUpdateTimer = environment_.services.runLoop->every(
-        60s, [this] { storageFoldersUpdateCallback(); });
+    _storageFoldersUpdateTimer =
+        environment_.services.runLoop->every(60s, [this] { storageFoldersUpdateCallback(); });
     storageFoldersUpdateCallback();
 }
 

@@ -35,7 +35,8 @@ class ThePanel : public test_support::PaneFixture {
 TEST_F(ThePanel, StartsDisconnectedAndAsksTheAgent) {
     Names local;
     const auto observation = services_.localNotifications->observe(
-        MainViewDidLoadNotification, nullptr, [&](const Dictionary&) { local.push_back("loaded"); });
+        MainViewDidLoadNotification, nullptr,
+        [&](const Dictionary&) { local.push_back("loaded"); });
     start();
     EXPECT_EQ(local, Names{"loaded"});
     EXPECT_EQ(posted(), Names{"lan-info"}) << "and the report, which has no name";
@@ -135,8 +136,9 @@ TEST_F(ThePanel, ShowsFoldersWithTheirStatesAndRemovesThem) {
     folder_.makeFile("storage_folders.xml",
                      "<r><stores><s><total>1000</total><stored>500</stored><path>" + kept +
                          "</path></s></stores></r>");
-    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
-                                      Dictionary{{"policy_backup", 0}, {"external_drive_share", true}}));
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist",
+                              Dictionary{{"policy_backup", 0}, {"external_drive_share", true}}));
     accounts_.emplace(false);
     start();
     ASSERT_EQ(outlets_._foldersList.numberOfRows(), 3U);
@@ -165,10 +167,12 @@ TEST_F(ThePanel, ShowsFoldersWithTheirStatesAndRemovesThem) {
 
 TEST_F(ThePanel, FollowsTheHintsOfItsSettings) {
     start();
-    ASSERT_TRUE(StorePropertiesToFile(
-        folder_ / "user_info.plist",
-        Dictionary{{"full_name", "Berta"}, {"team_name", "Sales"}, {"debug_tab_enabled", true},
-                   {"two_way_sync", true}, {"policy_agent_config_locked", true}}));
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
+                                      Dictionary{{"full_name", "Berta"},
+                                                 {"team_name", "Sales"},
+                                                 {"debug_tab_enabled", true},
+                                                 {"two_way_sync", true},
+                                                 {"policy_agent_config_locked", true}}));
     center_->deliver(notifications::settingsChanged, defaultNotificationObject, {{"hint", 0x4}});
     EXPECT_EQ(tabsShown().back(), "Debug");
     EXPECT_EQ(outlets_._usernameLabel.stringValue(), "Anna") << "the hint was about debugging only";
@@ -183,8 +187,9 @@ TEST_F(ThePanel, FollowsTheHintsOfItsSettings) {
 }
 
 TEST_F(ThePanel, HidesTheBackupWhereItIsOff) {
-    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
-                                      Dictionary{{"backup_enabled", false}, {"two_way_sync", true}}));
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist",
+                              Dictionary{{"backup_enabled", false}, {"two_way_sync", true}}));
     accounts_.emplace(false);
     start();
     EXPECT_EQ(tabsShown(), (Names{"Projects", "Bandwidth", "Account"}));
@@ -264,8 +269,8 @@ TEST_F(ThePanel, SeesThatAnAgentHasGoneWithoutAWord) {
 }
 
 TEST_F(ThePanel, RemembersWhenTheBackupWasComplete) {
-    ASSERT_TRUE(
-        StorePropertiesToFile(folder_ / "backup_history.plist", Dictionary{{"last_complete", 1000}}));
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "backup_history.plist",
+                                      Dictionary{{"last_complete", 1000}}));
     start();
     loop_.advance(std::chrono::hours(24 * 30));
     EXPECT_EQ(pane_->status().inputs().lastComplete, 1000);
@@ -279,9 +284,9 @@ TEST_F(ThePanel, RemembersWhenTheBackupWasComplete) {
 }
 
 TEST_F(ThePanel, CopiesWhatSupportAsksFor) {
-    ASSERT_TRUE(StorePropertiesToFile(
-        folder_ / "user_info.plist",
-        Dictionary{{"user_id", "u7"}, {"rcid", "r9"}, {"cell_id", "c1"}}));
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist",
+                              Dictionary{{"user_id", "u7"}, {"rcid", "r9"}, {"cell_id", "c1"}}));
     accounts_.emplace(false);
     start();
     outlets_._copyDeviceInfoButton.performClick();

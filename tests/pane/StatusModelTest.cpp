@@ -62,11 +62,16 @@ class TheStatus : public testing::Test {
 
 TEST_F(TheStatus, DrawsAnewWhatAnEventIsAbout) {
     const std::pair<const char*, std::pair<bool, bool>> cases[] = {
-        {"scan_activity", {true, false}},     {"share_stats", {true, false}},
-        {"store_status", {true, true}},       {"store_file_start", {false, false}},
-        {"store_file_end", {true, true}},     {"store_progress", {true, true}},
-        {"speed_status", {true, true}},       {"progress-info-update", {false, false}},
-        {"sync_progress", {false, true}},     {"sync_quota_status", {true, true}},
+        {"scan_activity", {true, false}},
+        {"share_stats", {true, false}},
+        {"store_status", {true, true}},
+        {"store_file_start", {false, false}},
+        {"store_file_end", {true, true}},
+        {"store_progress", {true, true}},
+        {"speed_status", {true, true}},
+        {"progress-info-update", {false, false}},
+        {"sync_progress", {false, true}},
+        {"sync_quota_status", {true, true}},
         {"routing_network_adapter", {true, true}},
     };
     for (const auto& [name, drawn] : cases)
@@ -158,6 +163,8 @@ TEST_F(TheStatus, HasOneHeadlineWithItsRemedy) {
     EXPECT_NE(headline().find("disk space"), std::string::npos);
     status(4);
     EXPECT_NE(headline().find("has not said"), std::string::npos) << "nothing was reported yet";
+    event("share_stats", {{"folders", "1"}});
+    EXPECT_EQ(outlets_._headlineImage.imageName(), "waiting") << "how far it is was not said yet";
     backUp(1048576);
     EXPECT_EQ(headline(), "Backing up: 1.0 MB remain.");
     event("routing_network_adapter", {{"description", "Phone"}, {"limit-backup", "1"}});
@@ -208,10 +215,12 @@ TEST(Headline, NeverTakesAnythingElseForDone) {
         progress.backupScanning = chance(4);
         progress.serverParsingXML = chance(4);
         progress.backupStoppedDueQuota = chance(4);
+        progress.isStoreStatusKnown = chance(2);
         progress.totalFolders = static_cast<std::int32_t>(random() % 2);
         progress.totalBytesForStoring = static_cast<std::int64_t>(random() % 2);
         progress.limitBackup = chance(2);
-        StatusInputs inputs{.backup = {.backupEnabled = chance(2), .hasBackupPaths = chance(2),
+        StatusInputs inputs{.backup = {.backupEnabled = chance(2),
+                                       .hasBackupPaths = chance(2),
                                        .offlineIncomplete = chance(3)},
                             .syncEnabled = chance(2)};
         const bool isWanted = inputs.backup.backupEnabled || inputs.backup.hasBackupPaths;
@@ -219,7 +228,7 @@ TEST(Headline, NeverTakesAnythingElseForDone) {
         ++done;
         EXPECT_EQ(progress.status, 4U);
         EXPECT_TRUE(!isWanted || IsBackupComplete(progress, inputs));
-        EXPECT_TRUE(!isWanted || (progress.totalFolders > 0 &&
+        EXPECT_TRUE(!isWanted || (progress.totalFolders > 0 && progress.isStoreStatusKnown &&
                                   progress.totalBytesForStoring <= progress.storedBytes &&
                                   !progress.backupScanning && !inputs.backup.offlineIncomplete));
     }

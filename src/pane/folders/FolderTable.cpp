@@ -85,9 +85,8 @@ std::vector<FolderTable::Row> FolderTable::lookUp(const Question& question) {
     std::vector<Row> rows;
     for (const std::string& path : listedPaths(question.mask, question.selected, question.info)) {
         const orv_StorageFolderStatus* const record = question.info.findInfoForPath(path);
-        FolderState state{.excluded = excluded.matches(path),
-                          .exists = quelm::Exists(path),
-                          .record = record};
+        FolderState state{
+            .excluded = excluded.matches(path), .exists = quelm::Exists(path), .record = record};
         state.offline = !state.exists && IsPathOffline(path);
         const bool isIncomplete = state.offline && (!record || !record->isBackedUp());
         rows.push_back({path, shareOf(path), FolderStatusText(state),

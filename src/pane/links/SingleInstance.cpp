@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
-#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -41,8 +41,8 @@ FileDescriptor makeSocket() {
 
 /// Held while a panel runs, whatever is left of its socket.
 FileDescriptor takeLock(const std::string& path) {
-    FileDescriptor lock(::open((path + ".lock").c_str(),
-                               O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownOnly));
+    FileDescriptor lock(
+        ::open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownOnly));
     if (lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) lock.reset();
     return lock;
 }
@@ -67,8 +67,8 @@ bool SingleInstance::handOver(const std::string& path, const std::string& addres
     if (!to || takeLock(path)) return false;
     const FileDescriptor socket = makeSocket();
     const ssize_t sent =
-        socket ? ::sendto(socket.get(), address.data(), std::min(address.size(), longestAddress + 1),
-                          0, generic(*to), sizeof *to)
+        socket ? ::sendto(socket.get(), address.data(),
+                          std::min(address.size(), longestAddress + 1), 0, generic(*to), sizeof *to)
                : -1;
     return sent >= 0 || errno == EAGAIN;  // one that is busy still runs
 }
@@ -78,15 +78,15 @@ SingleInstance::SingleInstance(const std::string& path, platform::RunLoop& runLo
     const auto own = socketAddress(path_);
     if (own) lock_ = takeLock(path_);
     if (!lock_) {
-        quelm::LogWarning("Links are not taken over from later starts: there is no folder for the "
-                          "session (XDG_RUNTIME_DIR), or another panel just started.");
+        quelm::LogWarning(
+            "Links are not taken over from later starts: there is no folder for the "
+            "session (XDG_RUNTIME_DIR), or another panel just started.");
         return;
     }
     ::unlink(path_.c_str());  // a killed panel's
     listener_ = makeSocket();
     const mode_t before = ::umask(0077);
-    const bool isBound =
-        listener_ && ::bind(listener_.get(), generic(*own), sizeof *own) == 0;
+    const bool isBound = listener_ && ::bind(listener_.get(), generic(*own), sizeof *own) == 0;
     ::umask(before);
     if (!isBound) {
         quelm::LogWarning(path_ + " cannot be made: " + std::generic_category().message(errno));

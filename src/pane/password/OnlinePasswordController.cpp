@@ -38,9 +38,8 @@ Alert invalidResponse() {
 Alert connectionError() {
     return {.title = {},
             .message = GetLocalizedString("OnlinePassword.ConnectionError", "Connection error."),
-            .informativeText =
-                GetLocalizedString("OnlinePassword.ConnectionErrorDetail",
-                                   "Please check your connection and retry."),
+            .informativeText = GetLocalizedString("OnlinePassword.ConnectionErrorDetail",
+                                                  "Please check your connection and retry."),
             .buttons = {GetLocalizedString("PrefPane.OK", "OK")}};
 }
 

@@ -14,19 +14,24 @@ struct AdvancedSettingsController::Row {
 };
 
 const AdvancedSettingsController::Row AdvancedSettingsController::rows_[] = {
-    {&AdvancedSettingsOutlets::_showNotifications, &orvAgentSettings::showNotificationsWhenMirroring,
+    {&AdvancedSettingsOutlets::_showNotifications,
+     &orvAgentSettings::showNotificationsWhenMirroring,
      &orvAgentSettings::setShowNotificationsWhenMirroring,
      {"Advanced.Notifications", "Tell me when files of projects arrive"}},
-    {&AdvancedSettingsOutlets::_greenCheckmarks, &orvAgentSettings::greenCheckmarks,
+    {&AdvancedSettingsOutlets::_greenCheckmarks,
+     &orvAgentSettings::greenCheckmarks,
      &orvAgentSettings::setGreenCheckmarks,
      {"Advanced.Checkmarks", "Mark synced files in the file manager"}},
-    {&AdvancedSettingsOutlets::_smartLocking, &orvAgentSettings::smartLockingEnabled,
+    {&AdvancedSettingsOutlets::_smartLocking,
+     &orvAgentSettings::smartLockingEnabled,
      &orvAgentSettings::setSmartLockingEnabled,
      {"Advanced.Locking", "Lock files for others while I work on them"}},
-    {&AdvancedSettingsOutlets::_smartBadge, &orvAgentSettings::smartBadgeEnabled,
+    {&AdvancedSettingsOutlets::_smartBadge,
+     &orvAgentSettings::smartBadgeEnabled,
      &orvAgentSettings::setSmartBadgeEnabled,
      {"Advanced.Badge", "Show in open documents who else works on them"}},
-    {&AdvancedSettingsOutlets::_selectiveSync, &orvAgentSettings::selectiveSyncEnabled,
+    {&AdvancedSettingsOutlets::_selectiveSync,
+     &orvAgentSettings::selectiveSyncEnabled,
      &orvAgentSettings::setSelectiveSyncEnabled,
      {"Advanced.SelectiveSync", "Let me choose which folders of a project are synced"}},
 };
@@ -68,10 +73,10 @@ void AdvancedSettingsController::update() {
 }
 
 void AdvancedSettingsController::clicked(const Row& row) {
-    cycle_.change(HintAgentSettings, [&row, isOn = (outlets_.*row.box).isOn()](
-                                         AccountRecords& records) {
-        (records.agentSettings.*row.setValue)(isOn);
-    });
+    cycle_.change(HintAgentSettings,
+                  [&row, isOn = (outlets_.*row.box).isOn()](AccountRecords& records) {
+                      (records.agentSettings.*row.setValue)(isOn);
+                  });
     cycle_.saveSettings();
 }
 

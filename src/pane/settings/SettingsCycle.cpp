@@ -41,8 +41,7 @@ std::optional<SettingsError> storeRecords(AccountRecords& records, std::uint32_t
     if (auto error = checkApplicationDirectory(folder)) return error;
     errno = 0;
     if (hint & ~std::uint32_t{HintBackupSelection}) {
-        auto error =
-            storeError(records.agentSettings.store(), folder + "/" + files::userInfo);
+        auto error = storeError(records.agentSettings.store(), folder + "/" + files::userInfo);
         if (error) return error;
     }
     if (!(hint & HintBackupSelection)) return std::nullopt;

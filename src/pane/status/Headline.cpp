@@ -31,6 +31,8 @@ struct Causes {
         return inputs.backup.backupEnabled || inputs.backup.hasBackupPaths;
     }
     [[nodiscard]] bool hasFolders() const { return progress.totalFolders != 0; }
+    /// Whether the agent has said what there is to back up and how far it is.
+    [[nodiscard]] bool isReported() const { return hasFolders() && progress.isStoreStatusKnown; }
     [[nodiscard]] std::int64_t remaining() const {
         return quelm::SaturatingDifference(progress.totalBytesForStoring, progress.storedBytes);
     }
@@ -71,8 +73,8 @@ Message waitingToReconnect(const Causes& causes) {
 }
 
 Message offline(const Causes& causes) {
-    const std::string text = GetLocalizedString("Headline.Offline",
-                                                "Not connected, so nothing is backed up.");
+    const std::string text =
+        GetLocalizedString("Headline.Offline", "Not connected, so nothing is backed up.");
     return {causes.agentError.empty() ? text : text + " " + causes.agentError,
             GetLocalizedString("Headline.Connect", "Connect"), links::connect};
 }
@@ -97,8 +99,9 @@ Message noFolders(const Causes& causes) {
         return {GetLocalizedString("Headline.NoFoldersYet",
                                    "Your organisation has not chosen any folders to back up yet.")};
     }
-    return {GetLocalizedString("Headline.NoFolders", "No folders are chosen, so nothing is backed "
-                                                     "up."),
+    return {GetLocalizedString("Headline.NoFolders",
+                               "No folders are chosen, so nothing is backed "
+                               "up."),
             GetLocalizedString("Headline.ChooseFolders", "Choose folders"),
             links::backupConfiguration};
 }
@@ -109,10 +112,9 @@ Message nothingReported(const Causes&) {
 }
 
 Message networkForbids(const Causes& causes) {
-    return {FormatLocalizedString("Headline.NetworkForbids",
-                                  "Backup waits: it is not allowed over %@. %@ remain.",
-                                  {ActiveAdapterName(causes.progress),
-                                   orv::FileSizeString(causes.remaining())}),
+    return {FormatLocalizedString(
+                "Headline.NetworkForbids", "Backup waits: it is not allowed over %@. %@ remain.",
+                {ActiveAdapterName(causes.progress), orv::FileSizeString(causes.remaining())}),
             GetLocalizedString("Headline.ShowNetwork", "Show network"), links::bandwidthTab};
 }
 
@@ -182,7 +184,8 @@ constexpr std::array rows = {
         },
         volumeAway, "permissionViolation"},
     Row{[](const Causes& c) {
-            return c.isBackupWanted() && !c.hasFolders() && c.inputs.backup.hasBackupPaths;
+            return c.isBackupWanted() && !c.isReported() &&
+                   (c.hasFolders() || c.inputs.backup.hasBackupPaths);
         },
         nothingReported, "waiting"},
     Row{[](const Causes& c) { return c.isBackupWanted() && !c.hasFolders(); }, noFolders,
@@ -193,14 +196,13 @@ constexpr std::array rows = {
         networkForbids, "waiting"},
     Row{[](const Causes& c) { return c.isBackupWanted() && c.remaining() > 0; }, backingUp,
         "syncing"},
-    Row{[](const Causes& c) { return !c.progress.storeWarnMsg.empty(); }, serverWarning,
-        "warning"},
+    Row{[](const Causes& c) { return !c.progress.storeWarnMsg.empty(); }, serverWarning, "warning"},
     Row{[](const Causes& c) { return c.isBackupWanted() && c.progress.bannedFiles > 0; },
         refusedFiles, "warning"},
     Row{[](const Causes& c) { return c.inputs.syncEnabled && c.progress.syncQuotaStatus != 0; },
         projectStorage, "permissionViolation"},
-    Row{[](const Causes& c) { return c.inputs.syncEnabled && c.inputs.violations > 0; },
-        violations, "permissionViolation"},
+    Row{[](const Causes& c) { return c.inputs.syncEnabled && c.inputs.violations > 0; }, violations,
+        "permissionViolation"},
     Row{[](const Causes& c) { return c.inputs.syncEnabled && !c.progress.timeLeft.empty(); },
         [](const Causes&) -> Message {
             return {GetLocalizedString("Headline.Syncing", "Your projects are being synced.")};
@@ -234,8 +236,7 @@ const Row& rowOf(const Causes& causes) {
 /// How many days have passed without a complete backup; none while that is no reason to warn.
 std::optional<std::int64_t> daysOverdue(const StatusInputs& inputs, std::int64_t now) {
     if (!inputs.lastComplete || inputs.warningDays <= 0) return std::nullopt;
-    const std::int64_t days =
-        quelm::SaturatingDifference(now, *inputs.lastComplete) / secondsOfDay;
+    const std::int64_t days = quelm::SaturatingDifference(now, *inputs.lastComplete) / secondsOfDay;
     return days >= inputs.warningDays ? std::optional(days) : std::nullopt;
 }
 
@@ -251,7 +252,7 @@ bool IsBackupComplete(const AgentProgress& progress, const StatusInputs& inputs)
     static const std::string noError;
     const Causes causes{progress, inputs, noError};
     return causes.isBackupWanted() && causes.is(ConnectionStatus::Connected) &&
-           causes.hasFolders() && causes.remaining() < 1 && !progress.backupScanning &&
+           causes.isReported() && causes.remaining() < 1 && !progress.backupScanning &&
            !progress.serverParsingXML && !progress.backupStoppedDueQuota &&
            !inputs.backup.offlineIncomplete;
 }
@@ -268,8 +269,8 @@ Headline ComposeHeadline(const AgentProgress& progress, const StatusInputs& inpu
         headline.image = "warning";
     }
     if (!message.remedy.empty()) {
-        headline.text = WithLinkedSuffix(headline.text.text, "  " + message.remedy, 2, 0,
-                                         message.address);
+        headline.text =
+            WithLinkedSuffix(headline.text.text, "  " + message.remedy, 2, 0, message.address);
     }
     return headline;
 }

@@ -26,6 +26,18 @@ std::string translated(const std::string& message) {
     return text ? *text : message.substr(0, longest);
 }
 
+bool isOf(std::uint32_t code, ConnectionStatus status) {
+    return code == static_cast<std::uint32_t>(status);
+}
+
+bool isConnected(std::uint32_t code) {
+    return isOf(code, ConnectionStatus::Connected);
+}
+
+bool isConnecting(std::uint32_t code) {
+    return isOf(code, ConnectionStatus::Connecting) || isOf(code, ConnectionStatus::LoggingIn);
+}
+
 }  // namespace
 
 void StatusModel::registerAgentEvents(AgentEventDispatcher& dispatcher) {
@@ -34,20 +46,30 @@ void StatusModel::registerAgentEvents(AgentEventDispatcher& dispatcher) {
         Selector<StatusModel> selector;
     };
     const Row rows[] = {
-        {events::scanActivity, MakeSelector<&StatusModel::handleScanActivity>("handleScanActivity")},
-        {events::shareStatistics, MakeSelector<&StatusModel::handleShareStatistics>("handleShareStatistics")},
-        {events::requestDisconnect, MakeSelector<&StatusModel::handleRequestDisconnect>("handleRequestDisconnect")},
-        {events::restoreProgress, MakeSelector<&StatusModel::handleRestoreProgress>("handleRestoreProgress")},
+        {events::scanActivity,
+         MakeSelector<&StatusModel::handleScanActivity>("handleScanActivity")},
+        {events::shareStatistics,
+         MakeSelector<&StatusModel::handleShareStatistics>("handleShareStatistics")},
+        {events::requestDisconnect,
+         MakeSelector<&StatusModel::handleRequestDisconnect>("handleRequestDisconnect")},
+        {events::restoreProgress,
+         MakeSelector<&StatusModel::handleRestoreProgress>("handleRestoreProgress")},
         {events::storeStatus, MakeSelector<&StatusModel::handleStoreStatus>("handleStoreStatus")},
-        {events::storeFileStart, MakeSelector<&StatusModel::handleStoreFileStart>("handleStoreFileStart")},
-        {events::storeFileEnd, MakeSelector<&StatusModel::handleStoreFileEnd>("handleStoreFileEnd")},
-        {events::storeProgress, MakeSelector<&StatusModel::handleStoreProgress>("handleStoreProgress")},
+        {events::storeFileStart,
+         MakeSelector<&StatusModel::handleStoreFileStart>("handleStoreFileStart")},
+        {events::storeFileEnd,
+         MakeSelector<&StatusModel::handleStoreFileEnd>("handleStoreFileEnd")},
+        {events::storeProgress,
+         MakeSelector<&StatusModel::handleStoreProgress>("handleStoreProgress")},
         {events::speedStatus, MakeSelector<&StatusModel::handleSpeedStatus>("handleSpeedStatus")},
-        {events::progressInfoUpdate, MakeSelector<&StatusModel::handleProgressInfoUpdate>("handleProgressInfoUpdate")},
+        {events::progressInfoUpdate,
+         MakeSelector<&StatusModel::handleProgressInfoUpdate>("handleProgressInfoUpdate")},
         {events::routingNetworkAdapter,
          MakeSelector<&StatusModel::handleRoutingNetworkAdapter>("handleRoutingNetworkAdapter")},
-        {events::syncProgress, MakeSelector<&StatusModel::handleSyncProgress>("handleSyncProgress")},
-        {events::syncQuotaStatus, MakeSelector<&StatusModel::handleSyncQuotaStatus>("handleSyncQuotaStatus")},
+        {events::syncProgress,
+         MakeSelector<&StatusModel::handleSyncProgress>("handleSyncProgress")},
+        {events::syncQuotaStatus,
+         MakeSelector<&StatusModel::handleSyncQuotaStatus>("handleSyncQuotaStatus")},
         {events::lanInfo, MakeSelector<&StatusModel::handleLanInfo>("handleLanInfo")},
     };
     dispatcher_ = &dispatcher;
@@ -70,7 +92,8 @@ void StatusModel::notifyConnectionStatus(std::int32_t status, std::int64_t times
     if (code == progress_.status) return;
     progress_.status = code;
     progress_.statusTimestamp = timestamp;
-    if (status != static_cast<std::int32_t>(ConnectionStatus::Connected)) {
+    if (!isConnecting(code) && !isConnected(code)) progress_.isStoreStatusKnown = false;
+    if (!isConnected(code)) {
         progress_.syncQuotaStatus = 0;
         if (progress_.uploadSpeed >= 1 || progress_.downloadSpeed >= 1) {
             forgetSpeeds();
@@ -80,8 +103,7 @@ void StatusModel::notifyConnectionStatus(std::int32_t status, std::int64_t times
     showConnectionStatus();
     setConnectButton(code);
     // what was said before the connection counts from now on
-    if (status == static_cast<std::int32_t>(ConnectionStatus::Connected))
-        showBackupAndProjectsStatus();
+    if (isConnected(code)) showBackupAndProjectsStatus();
 }
 
 void StatusModel::notifyConnectionError(const std::string& /*tag*/, const std::string& message,
@@ -169,8 +191,7 @@ void StatusModel::handleLanInfo(const Dictionary& payload) {
     if (PayloadText(payload, keys::command) != commands::responseFileServers) return;
     const std::string list = PayloadText(payload, keys::list);
     outlets_._connectedFSA.setStringValue(
-        list.empty() ? ""
-                     : quelm::FormatLocalizedString("PrefPane.UsingFSA", "Using: %@", {list}));
+        list.empty() ? "" : quelm::FormatLocalizedString("PrefPane.UsingFSA", "Using: %@", {list}));
     outlets_._connectedFSA.setHidden(list.empty());
 }
 

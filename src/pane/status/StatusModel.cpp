@@ -60,11 +60,6 @@ void StatusModel::setProjects(std::int64_t count, std::int64_t files, std::int64
     progress_.totalBytesProjects = bytes;
 }
 
-void StatusModel::setBackupTotals(std::int64_t total, std::int64_t stored) {
-    progress_.totalBytesForStoring = total;
-    progress_.storedBytes = stored;
-}
-
 void StatusModel::forgetSpeeds() {
     progress_.uploadSpeed = 0;
     progress_.downloadSpeed = 0;
@@ -154,9 +149,10 @@ void StatusModel::showHeadline() {
 
 void StatusModel::showNetwork() {
     outlets_._activeAdapterText.setStringValue(ActiveAdapterName(progress_));
-    outlets_._speedText.setStringValue(FormatLocalizedString(
-        "Bandwidth.Speeds", "Sending %@, receiving %@ per second",
-        {orv::FileSizeString(progress_.uploadSpeed), orv::FileSizeString(progress_.downloadSpeed)}));
+    outlets_._speedText.setStringValue(
+        FormatLocalizedString("Bandwidth.Speeds", "Sending %@, receiving %@ per second",
+                              {orv::FileSizeString(progress_.uploadSpeed),
+                               orv::FileSizeString(progress_.downloadSpeed)}));
 }
 
 }  // namespace orv

@@ -39,8 +39,6 @@ class StatusModel {
     void startDisconnected();
     void forgetStatus() { progress_.status = 0; }
     void setProjects(std::int64_t count, std::int64_t files, std::int64_t bytes);
-    /// What the backup is known to consist of before the agent speaks, in bytes.
-    void setBackupTotals(std::int64_t total, std::int64_t stored);
     void forgetSpeeds();
     /// What was wrong with the connection is over.
     void clearConnectionError();

@@ -36,8 +36,8 @@ class PanelHost {
     /// Stores what was changed, for at most ten seconds.
     ~PanelHost();
 
-    /// Reads the accounts, then makes the panel, shows its window and calls `started`. While another
-    /// program holds the settings the person is told so.
+    /// Reads the accounts, then makes the panel, shows its window and calls `started`. While
+    /// another program holds the settings the person is told so.
     void start(std::function<void()> started);
     /// Brings the window to the front and goes where the link leads; empty for nowhere.
     void open(const std::string& address);
