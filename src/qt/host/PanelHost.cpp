@@ -85,6 +85,7 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
         LocalAgentApplication::Environment{*services_.notifications, *services_.workspace, slow_,
                                            LocalAgentApplication::programBeside("orvAgent")});
     window_ = std::make_unique<MainWindow>(context_, outlets_);
+    if (windowMade_) windowMade_(*window_);
     alerts_.emplace(icons_, window_.get());
     windows_.emplace(context_, *window_);
     pane_ = orvPreferencePane::initWithBundle(
