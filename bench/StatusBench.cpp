@@ -63,8 +63,7 @@ void StatusTextsFormatted(benchmark::State& state) {
                                              progress.totalFiles, progress.totalFolders, 80.0));
         benchmark::DoNotOptimize(
             fmt::format("{:.1f} GB ({} hours {} minutes) remaining", 50.0, 7, 40));
-        benchmark::DoNotOptimize(
-            fmt::format("{} projects with {} files ({:.1f} GB)", 0, 0, 0.0));
+        benchmark::DoNotOptimize(fmt::format("{} projects with {} files ({:.1f} GB)", 0, 0, 0.0));
         benchmark::DoNotOptimize(fmt::format("{} ({} files locked)", progress.timeLeft, 3));
         benchmark::DoNotOptimize(fmt::format("Backing up: {:.1f} GB remain.", 50.0));
         benchmark::DoNotOptimize(fmt::format("Last complete backup: {}", "yesterday at 14:05"));

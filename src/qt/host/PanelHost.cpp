@@ -79,7 +79,7 @@ void PanelHost::start(std::function<void()> started) {
 void PanelHost::makePanel(AccountList::Accounts accounts) {
     AccountList& list = AccountList::createDefaultAccountList(std::move(accounts), watchedFiles_);
     protectAccounts(list);
-    ProjectsList::createInstance();
+    ProjectsList::createInstance(&watchedFiles_);
     BrandIcons(icons_, *orv_VarBranding::instance());
     application_.emplace(
         LocalAgentApplication::Environment{*services_.notifications, *services_.workspace, slow_,
