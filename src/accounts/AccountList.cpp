@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <random>
 #include <set>
+#include <utility>
 
 #include "config/AccountId.h"
 #include "config/ConfigurationPath.h"
@@ -51,6 +52,16 @@ std::vector<std::string> accountFoldersIn(const std::string& folder) {
     return found;
 }
 
+/// A count in eight bits, which is how many the agent takes.
+bool hasRoots(const orv_StorageSettings& settings) {
+    return static_cast<std::uint8_t>(settings.topLevelPaths().size()) != 0;
+}
+
+std::unique_ptr<AccountList>& sharedList() {
+    static std::unique_ptr<AccountList> list;
+    return list;
+}
+
 }  // namespace
 
 AccountList& AccountList::defaultAccountList() {
@@ -58,13 +69,39 @@ AccountList& AccountList::defaultAccountList() {
 }
 
 AccountList& AccountList::defaultAccountListWithPassword(bool loadPassword) {
-    static AccountList list(loadPassword);
-    return list;
+    if (!sharedList()) sharedList() = std::make_unique<AccountList>(loadPassword);
+    return *sharedList();
+}
+
+AccountList& AccountList::createDefaultAccountList(Accounts accounts,
+                                                   quelm::Background& background) {
+    sharedList() = std::make_unique<AccountList>(std::move(accounts), background);
+    return *sharedList();
+}
+
+void AccountList::destroyDefaultAccountList() {
+    sharedList().reset();
+}
+
+AccountList::Accounts AccountList::loadAccounts(const std::string& defaultPath) {
+    Accounts accounts;
+    accounts.push_back(std::make_unique<Account>(defaultPath, quelm::IsFolder(defaultPath)));
+    for (const std::string& folder : accountFoldersIn(defaultPath)) {
+        if (accounts.size() < mostAccounts)
+            accounts.push_back(std::make_unique<Account>(folder, true));
+    }
+    return accounts;
 }
 
 AccountList::AccountList(bool loadPassword) : _loadPassword(loadPassword) {
     registerAgentEvents();
     load();
+}
+
+AccountList::AccountList(Accounts accounts, quelm::Background& background)
+    : _accountsList(std::move(accounts)), _loadPassword(true), background_(&background) {
+    registerAgentEvents();
+    orderByAgentID();
 }
 
 AccountList::~AccountList() {
@@ -109,7 +146,11 @@ void AccountList::processPath(const std::string& folder) {
         quelm::LogWarning(folder + " is left out: there are too many accounts.");
         return;
     }
-    _accountsList.push_back(std::make_unique<Account>(folder, quelm::IsFolder(folder)));
+    addAccount(folder, !background_ && quelm::IsFolder(folder));
+}
+
+void AccountList::addAccount(const std::string& folder, bool loadNow) {
+    _accountsList.push_back(std::make_unique<Account>(folder, loadNow));
     orderByAgentID();
 }
 
@@ -121,12 +162,41 @@ void AccountList::orderByAgentID() {
 /// An id that cannot name a folder of its own is passed on, and no account is made for it.
 void AccountList::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId) {
     const bool isDefault = !agentId || IsDefaultAccountId(*agentId);
-    if (Account* account = accountForAgentID(isDefault ? "1" : *agentId)) {
-        account->loadSettings();
-    } else if (isDefault || IsAccountId(*agentId)) {
-        processPath(isDefault ? defaultConfigPath() : pathForAgentID(*agentId));
+    const std::string id = isDefault ? "1" : *agentId;
+    Account* account = accountForAgentID(id);
+    if (!account && (isDefault || IsAccountId(id))) {
+        const std::string folder = isDefault ? defaultConfigPath() : pathForAgentID(id);
+        processPath(folder);
+        if (background_ && quelm::IsFolder(folder)) account = accountForAgentID(id);
     }
-    notifyAgentSettingsChanged(hint, agentId);
+    if (!account) return notifyAgentSettingsChanged(hint, agentId);
+    const auto [waiting, isFirst] = announced_.try_emplace(account);
+    if (isFirst) return readAnnounced(*account, {hint, agentId});
+    waiting->second = {waiting->second.hint | hint, agentId};
+}
+
+/// And again while more is announced, which may be newer than what was read.
+void AccountList::readAnnounced(Account& account, const Announced& announced) {
+    reload(account, [this, &account, announced] {
+        notifyAgentSettingsChanged(announced.hint, announced.agentId);
+        const Announced next = std::exchange(announced_[&account], {});
+        if (next.hint != 0) return readAnnounced(account, next);
+        announced_.erase(&account);
+    });
+}
+
+void AccountList::reload(Account& account, std::function<void()> done) {
+    if (!background_) {
+        account.loadSettings();
+        return done();
+    }
+    auto records = std::make_shared<AccountRecords>(account.records());
+    background_->perform([records] { records->load(); },
+                         [life = std::weak_ptr(life_), &account, records, done = std::move(done)] {
+                             if (life.expired()) return;
+                             account.adoptSettings(std::move(*records));
+                             done();
+                         });
 }
 
 void AccountList::notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId) {
@@ -215,9 +285,11 @@ bool AccountList::debugTabEnabled() const {
 }
 
 bool AccountList::hasBackupPaths() const {
-    if (_accountsList.empty()) return false;
-    const auto roots = _accountsList.front()->storageSettings().topLevelPaths().size();
-    return static_cast<std::uint8_t>(roots) != 0;
+    return !_accountsList.empty() && hasRoots(_accountsList.front()->storageSettings());
+}
+
+bool AccountList::hadBackupPaths() const {
+    return !_accountsList.empty() && hasRoots(_accountsList.front()->records().storageSettings);
 }
 
 std::int64_t AccountList::runningMinimum(std::int64_t (orvAgentSettings::*value)() const) const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +11,7 @@
 
 #include "accounts/Account.h"
 #include "agentlink/AgentObservers.h"
+#include "foundation/threads/Background.h"
 
 namespace orv {
 
@@ -24,12 +27,24 @@ class AccountList {
         virtual void notifyAgentSettings(std::uint32_t hint, const AgentId& agentId) = 0;
     };
 
+    using Accounts = std::vector<std::unique_ptr<Account>>;
+
     /// The process's own, made on first use; the first call decides the flag.
     static AccountList& defaultAccountList();
     static AccountList& defaultAccountListWithPassword(bool loadPassword);
+    /// Makes it of accounts that were read elsewhere, in a program that waits for nothing.
+    static AccountList& createDefaultAccountList(Accounts accounts, quelm::Background& background);
+    /// Ends it, before the services end.
+    static void destroyDefaultAccountList();
+
+    /// The accounts below the default configuration path, read. Waits for the locks of their files;
+    /// any thread, while no other reads.
+    [[nodiscard]] static Accounts loadAccounts(const std::string& defaultPath);
 
     /// `loadPassword`: whether the settings are read together with the keychain's password.
     explicit AccountList(bool loadPassword);
+    /// Reads later settings with `background`, which outlives it.
+    AccountList(Accounts accounts, quelm::Background& background);
     AccountList(const AccountList&) = delete;
     AccountList& operator=(const AccountList&) = delete;
     ~AccountList();
@@ -42,8 +57,15 @@ class AccountList {
     void load();
     /// Adds the folder's account if no account has it.
     void processPath(const std::string& folder);
+    /// Reads the account's settings anew and passes the hint on; with a background later, and then
+    /// once for all hints that came while it read.
+    /// Reads the account's settings anew and passes the hint on; with a background later, and then
+    /// once for all hints that came while it read.
     void notifyAgentSettings(std::uint32_t hint, const AgentId& agentId);
     void notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId);
+    /// Reads the account's files anew and then calls `done`, on the main thread; at once without a
+    /// background.
+    void reload(Account& account, std::function<void()> done);
 
     // Null when there is none; owned by the list.
     [[nodiscard]] Account* accountForAgentID(std::string_view agentId) const;
@@ -72,6 +94,8 @@ class AccountList {
     [[nodiscard]] bool debugTabEnabled() const;
     /// Whether the first account has roots to back up, their number taken in eight bits.
     [[nodiscard]] bool hasBackupPaths() const;
+    /// The same as it was when the settings were read last.
+    [[nodiscard]] bool hadBackupPaths() const;
     // The smallest so far, where 0 counts as none yet.
     [[nodiscard]] std::int64_t minMbBackupWindowTresholdSetting() const;
     [[nodiscard]] std::int64_t minFilesBackupWindowTresholdSetting() const;
@@ -86,11 +110,25 @@ class AccountList {
     [[nodiscard]] std::int64_t runningMinimum(std::int64_t (orvAgentSettings::*value)()
                                                   const) const;
 
-    std::vector<std::unique_ptr<Account>> _accountsList;
+    void addAccount(const std::string& folder, bool loadNow);
+    /// What was announced of an account whose settings are being read.
+    struct Announced {
+        std::uint32_t hint = 0;
+        AgentId agentId = {};
+    };
+    void readAnnounced(Account& account, const Announced& announced);
+
+    Accounts _accountsList;
     std::vector<std::weak_ptr<Client>> _clients;
     bool _loadPassword;
     orvAgentSettings defaults_{""};
     AgentObserverRecord settingsObserver_;
+    /// Null: everything is read at once.
+    quelm::Background* background_ = nullptr;
+    /// By account, while its settings are read: what came meanwhile.
+    std::map<const Account*, Announced> announced_;
+    /// Gone when the list is.
+    std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };
 
 }  // namespace orv

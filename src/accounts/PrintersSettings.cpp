@@ -212,7 +212,7 @@ void orv_PrintersSettings::reportPosixError(int code, const std::string& path) c
 }
 
 void orv_PrintersSettings::printError(const SettingsError& error) const {
-    const std::string text = TextOf(error);
+    const std::string text = TextOf(error, printersErrorTexts);
     if (!alerts_) {
         quelm::LogError(text);
         return;

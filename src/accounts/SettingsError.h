@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "foundation/system/LocalizedString.h"
+
 namespace orv {
 
 /// Why settings could not be read or written.
@@ -18,7 +20,18 @@ struct SettingsError {
     std::optional<std::string> filePath;
 };
 
+/// The texts of one window: formats that take a code and its text, a domain, a code and what else
+/// is known, and a path.
+struct SettingsErrorTexts {
+    quelm::LocalizedText posix;
+    quelm::LocalizedText unknown;
+    quelm::LocalizedText filePath;
+};
+
+extern const SettingsErrorTexts printersErrorTexts;
+extern const SettingsErrorTexts paneErrorTexts;
+
 /// The error's text for a person.
-[[nodiscard]] std::string TextOf(const SettingsError& error);
+[[nodiscard]] std::string TextOf(const SettingsError& error, const SettingsErrorTexts& texts);
 
 }  // namespace orv

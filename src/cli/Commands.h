@@ -33,6 +33,11 @@ ExitCode SendEvent(const Arguments& arguments, Console& console);
 ExitCode GetSetting(const Arguments& arguments, Console& console);
 ExitCode ListSettings(const Arguments& arguments, Console& console);
 ExitCode SetSetting(const Arguments& arguments, Console& console);
+ExitCode ShowStatus(const Arguments& arguments, Console& console);
+ExitCode ConnectAgent(const Arguments& arguments, Console& console);
+ExitCode DisconnectAgent(const Arguments& arguments, Console& console);
+ExitCode ShowDeviceInfo(const Arguments& arguments, Console& console);
+ExitCode CheckPassword(const Arguments& arguments, Console& console);
 ExitCode ShowStorage(const Arguments& arguments, Console& console);
 
 }  // namespace orv::cli

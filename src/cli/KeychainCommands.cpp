@@ -5,6 +5,7 @@
 
 #include "cli/Commands.h"
 #include "cli/ValueText.h"
+#include "config/KeychainRemedy.h"
 #include "foundation/system/LocalizedString.h"
 #include "platform/Services.h"
 
@@ -41,27 +42,6 @@ bool canKeepItem(Keychain& keychain) {
     return keychain.remove(item, interaction) == Status::Done && kept;
 }
 
-std::string remedyFor(Status state) {
-    switch (state) {
-        case Status::Unavailable:
-            return GetLocalizedString("Keychain.NoService",
-                                      "No Secret Service answers in this session. Install one and "
-                                      "start it, for example the package gnome-keyring.");
-        case Status::Locked:
-            return GetLocalizedString("Keychain.Locked",
-                                      "The keyring is locked. Unlock it, for example with the "
-                                      "program seahorse or by signing in with your password.");
-        case Status::NotFound:
-            return GetLocalizedString("Keychain.NoCollection",
-                                      "There is no default keyring yet. Make one, for example with "
-                                      "the program seahorse.");
-        default:
-            return GetLocalizedString("Keychain.NotWritable",
-                                      "The keyring did not keep a test item. See whether the disk "
-                                      "is full, and restart the keyring.");
-    }
-}
-
 Findings check() {
     Findings findings;
     Keychain* const keychain = platform::ProcessServices().keychain.get();
@@ -71,7 +51,7 @@ Findings check() {
     findings.writable = findings.unlocked && canKeepItem(*keychain);
     findings.message = findings.writable
                            ? GetLocalizedString("Keychain.Works", "Passwords can be kept.")
-                           : remedyFor(findings.unlocked ? Status::Failed : state);
+                           : KeychainRemedy(findings.unlocked ? Status::Failed : state);
     return findings;
 }
 

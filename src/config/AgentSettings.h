@@ -222,6 +222,10 @@ class orvAgentSettings {
     void setBadgeIntroductionShown(std::int32_t value) {
         set(settings::badgeIntroductionShown, value);
     }
+    [[nodiscard]] std::int32_t backupWarningDays() const {
+        return get(settings::backupWarningDays);
+    }
+    void setBackupWarningDays(std::int32_t value) { set(settings::backupWarningDays, value); }
     [[nodiscard]] bool localUpgradeTest() const { return get(settings::localUpgradeTest); }
     [[nodiscard]] std::int32_t maxBandwidthUpload() const {
         return get(settings::maxBandwidthUpload);

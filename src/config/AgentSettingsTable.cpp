@@ -65,6 +65,7 @@ constexpr auto table = std::to_array<AgentSetting>({
     settings::convertTargets,
     settings::badgeHandledFileExtensions,
     settings::badgeIntroductionShown,
+    settings::backupWarningDays,
     settings::localUpgradeTest,
     settings::maxBandwidthUpload,
     settings::maxBandwidthDownload,

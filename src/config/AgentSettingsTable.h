@@ -149,6 +149,8 @@ inline constexpr BooleanSetting secureDelete{"secure_delete", false, ReadOnly};
 inline constexpr OptionalTextSetting convertTargets{"convert_targets", ReadOnly};
 inline constexpr TextListSetting badgeHandledFileExtensions{"badge_handled_file_extension"};
 inline constexpr IntegerSetting badgeIntroductionShown{"badge_introduction", 0};
+/// Days without a complete backup after which the panel warns; 0 for never.
+inline constexpr IntegerSetting backupWarningDays{"backup_warning_days", 3};
 inline constexpr BooleanSetting localUpgradeTest{"debug_local_upgrade", false, ReadOnly};
 
 // Of the debug window; 0 leaves the choice to the agent.

@@ -61,5 +61,6 @@ inline constexpr const char* fingerPrints = "finger_prints.plist";
 inline constexpr const char* storageFolders = "storage_folders.xml";
 inline constexpr const char* storageQuota = "storage_quota.xml";
 inline constexpr const char* subscribedProjects = "subscribed_projects.plist";
+inline constexpr const char* backupHistory = "backup_history.plist";
 
 }  // namespace orv::files

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pane/status/StatusOutlets.h"
 #include "widgets/ModelView.h"
 #include "widgets/Outlets.h"
 #include "widgets/SummaryPanel.h"
@@ -18,19 +19,8 @@ inline constexpr const char* debug = "Debug";
 }  // namespace tabs
 
 /// What the panel's window shows and what can be clicked in it.
-struct PaneOutlets {
+struct PaneOutlets : StatusOutlets {
     // above the tabs
-    /// What the state of the backup is in one line, whatever it consists of, with the remedy
-    /// as a link.
-    TextField _headline;
-    ImageView _headlineImage;
-    /// When the backup was complete last.
-    TextField _lastBackup;
-    Button _connectButton;
-    TextField _connectionStatus;
-    TextField _connectionInfo;
-    /// The file server in use; hidden without one.
-    TextField _connectedFSA;
     PopUpButton _accountsButton;
     /// What is wrong with the settings; hidden when nothing is.
     TextField _settingsNotice;
@@ -41,9 +31,6 @@ struct PaneOutlets {
     // the backup
     ImageView _backupFolderImage;
     TextField _backupFolderText;
-    TextField _backupStatus1;
-    TextField _backupStatus2;
-    ImageView _backupStatusImage;
     /// Columns "share", "path" and "status".
     TableView _foldersList;
     Button _manageBackupsButton;
@@ -51,23 +38,15 @@ struct PaneOutlets {
     Button _removeFolderButton;
     CheckBox _backupPolicyButton;
     Button _progressButton;
-    Button _restoreProgressButton;
     ModelView<StorageFigures> _pieChartView;
     ModelView<SummaryPanel> _summaryPanelView;
-    /// What the pie shows, in one sentence.
+    /// The pie in words.
     TextField _spaceUsageLabel;
 
     // the projects
     ImageView _projectsFolderImage;
     TextField _projectsFolderText;
-    TextField _projectsStatus1;
-    TextField _projectsStatus2;
-    ImageView _projectsStatusImage;
     Button _advancedSettings;
-
-    // the bandwidth
-    TextField _activeAdapterText;
-    TextField _speedText;
 
     // the account
     TextField _desktopNameLabel;
@@ -88,6 +67,9 @@ struct PaneOutlets {
     Button _copyDeviceInfoButton;
     Button _copyDeviceIDButton;
     Button _copyLogsButton;
+
+    /// What is wrong with the place where passwords are kept; hidden when nothing is.
+    TextField _keychainNotice;
 
     // debugging
     /// The last events of agents: columns "time", "event" and "payload".

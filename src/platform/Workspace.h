@@ -2,10 +2,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace platform {
 
-/// What the desktop knows about files. Any thread.
+/// What the desktop knows about files, and what it opens and starts. Any thread.
 class Workspace {
  public:
     virtual ~Workspace() = default;
@@ -18,6 +19,17 @@ class Workspace {
     /// The file's uniform type ("com.microsoft.word.doc") where the system knows one, else its
     /// MIME type; none for what cannot be read.
     [[nodiscard]] virtual std::optional<std::string> contentType(const std::string& path) = 0;
+
+    // Each returns without waiting for what it starts: true says only that it was started.
+
+    /// In the program for it: an address with the scheme http, https, mailto or orv. Any other is
+    /// refused.
+    virtual bool openAddress(const std::string& address) = 0;
+    /// In the file manager, or the program for that type of file.
+    virtual bool openPath(const std::string& path) = 0;
+    /// A program, by path or by name, and its arguments. It outlives this process and shares no
+    /// terminal and no open file with it.
+    virtual bool startProgram(const std::vector<std::string>& words) = 0;
 };
 
 }  // namespace platform

@@ -1,11 +1,15 @@
+#include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
 
+#include "platform/FileDescriptor.h"
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/UniformTypes.h"
+#include "support/ChildProcess.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 
@@ -13,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using test_support::ScopedEnvironment;
+using test_support::WaitUntil;
 
 class TheWorkspace : public testing::Test {
  protected:
@@ -96,6 +101,101 @@ TEST_F(TheWorkspace, TellsNoTypeOfWhatIsNoRegularFileOrWithoutADatabase) {
     EXPECT_EQ(workspace_.contentType(link), std::nullopt);
     EXPECT_EQ(workspace_.contentType(link), std::nullopt);
     EXPECT_EQ(reports_, 1) << "said once";
+}
+
+/// A program that tells what it was given and what it got from the process that started it, and
+/// ends when it is told.
+constexpr const char* tellingProgram = R"(#!/usr/bin/python3
+import os, sys, time
+folder = os.path.dirname(os.path.abspath(__file__))
+streams = {os.readlink(f"/proc/self/fd/{number}") for number in range(3)}
+others = [name for name in os.listdir("/proc/self/fd") if os.path.exists(f"/proc/self/fd/{name}")][3:]
+status = dict(line.split(":", 1) for line in open("/proc/self/status"))
+blocked = status["SigBlk"].strip("0 \t\n")
+facts = [sys.argv[1], os.getsid(0) == os.getpid(), streams, others, blocked]
+with open(folder + "/told.new", "w") as told:
+    print(*facts, sep="|", end="", file=told)
+with open(folder + "/id", "w") as number:
+    print(os.getpid(), end="", file=number)
+os.rename(folder + "/told.new", folder + "/told")
+for _ in range(2000):
+    if os.path.exists(folder + "/end"):
+        break
+    time.sleep(0.01)
+)";
+
+class TheDesktop : public TheWorkspace {
+ protected:
+    /// As `xdg-open`, the first of PATH.
+    void install() const {
+        fs::permissions(folder_.makeFile("bin/xdg-open", tellingProgram), fs::perms::owner_all);
+    }
+    /// What the program told; it has ended and left nothing when this returns.
+    [[nodiscard]] std::string told() const {
+        if (!WaitUntil([this] { return fs::exists(folder_ / "bin/told"); })) return "nothing";
+        const auto program = "/proc/" + test_support::ContentOf(folder_ / "bin/id");
+        const bool ran = fs::exists(program);
+        const auto facts = test_support::ContentOf(folder_ / "bin/told");
+        folder_.makeFile("bin/end");
+        if (!WaitUntil([&] { return !fs::exists(program); })) return "a zombie is left";
+        for (const char* name : {"bin/told", "bin/end"})
+            fs::remove(folder_ / name);
+        return ran ? facts : "it was waited for";
+    }
+    static std::string apart(const std::string& argument) {
+        return argument + "|True|{'/dev/null'}|[]|";
+    }
+
+    ScopedEnvironment path_{"PATH", folder_ / "bin:/usr/bin:/bin"};
+    std::vector<std::string> lines_;
+    platform::DesktopWorkspace desktop_{[this](const auto& line) { lines_.push_back(line); }};
+};
+
+TEST_F(TheDesktop, OpensAddressesAndPathsWithAProgramApartFromThisProcess) {
+    install();
+    const platform::FileDescriptor inherited(::open("/dev/zero", O_RDONLY));
+    sigset_t terminate;
+    sigset_t before;
+    ::sigemptyset(&terminate);
+    ::sigaddset(&terminate, SIGTERM);
+    ::pthread_sigmask(SIG_BLOCK, &terminate, &before);
+    for (const std::string address :
+         {"https://a/?x=1&y='$(z)", "HTTP://a", "mailto:a@b", "orv:settings"}) {
+        EXPECT_TRUE(desktop_.openAddress(address));
+        EXPECT_EQ(told(), apart(address));
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    for (const std::string path : {"/a b/%41", "--version", "https:", "ä"}) {
+        EXPECT_TRUE(desktop_.openPath(path));
+        EXPECT_EQ(told(), apart(fs::absolute(path).string()));
+    }
+    EXPECT_TRUE(desktop_.startProgram({"xdg-open", "-x"}));
+    EXPECT_EQ(told(), apart("-x"));
+    EXPECT_EQ(lines_, std::vector<std::string>{});
+}
+
+TEST_F(TheDesktop, RefusesOtherAddressesWithoutTellingThem) {
+    install();
+    for (const std::string address :
+         {"", "secret", "file:///secret", "/secret", "-secret", "javascript:secret", "https",
+          ":secret", " https://secret", "https://a\nsecret", "httpsecret:"}) {
+        lines_.clear();
+        EXPECT_FALSE(desktop_.openAddress(address)) << address;
+        EXPECT_EQ(lines_.size(), 1U) << address;
+        EXPECT_THAT(lines_, testing::Each(testing::Not(testing::HasSubstr("secret"))));
+    }
+    EXPECT_FALSE(desktop_.openPath(""));
+    EXPECT_FALSE(fs::exists(folder_ / "bin/told"));
+}
+
+TEST_F(TheDesktop, TellsWhatDoesNotStart) {
+    const ScopedEnvironment none("PATH", folder_ / "bin");
+    EXPECT_FALSE(desktop_.openAddress("https://a"));
+    EXPECT_FALSE(desktop_.startProgram({"/absent", "secret"}));
+    EXPECT_FALSE(desktop_.startProgram({}));
+    EXPECT_THAT(lines_, testing::ElementsAre(testing::HasSubstr("xdg-utils"),
+                                             testing::HasSubstr("/absent does not start: No such"),
+                                             testing::HasSubstr("does not start")));
 }
 
 }  // namespace

@@ -16,6 +16,11 @@ class FakeWorkspace final : public platform::Workspace {
     std::map<std::string, std::string> types;
     /// What `recordTrashed` was told: original path, trashed path.
     std::vector<std::pair<std::string, std::string>> trashed;
+    /// What the calls of these names were given, and what they answer.
+    std::vector<std::string> openedAddresses;
+    std::vector<std::string> openedPaths;
+    std::vector<std::vector<std::string>> startedPrograms;
+    bool opens = true;
 
     std::optional<std::string> trashFolder() override { return trash; }
 
@@ -26,6 +31,21 @@ class FakeWorkspace final : public platform::Workspace {
     std::optional<std::string> contentType(const std::string& path) override {
         const auto found = types.find(path);
         return found != types.end() ? std::optional(found->second) : std::nullopt;
+    }
+
+    bool openAddress(const std::string& address) override {
+        openedAddresses.push_back(address);
+        return opens;
+    }
+
+    bool openPath(const std::string& path) override {
+        openedPaths.push_back(path);
+        return opens;
+    }
+
+    bool startProgram(const std::vector<std::string>& words) override {
+        startedPrograms.push_back(words);
+        return opens;
     }
 };
 

@@ -10,6 +10,8 @@ struct OnlinePasswordOutlets {
     TextField _firstLine;
     /// What is typed; shown as dots.
     TextField _password;
+    /// Why the password was not accepted; hidden until then.
+    TextField _message;
     CheckBox _rememberPassword;
     Button _okButton;
     Button _cancelButton;

@@ -51,6 +51,7 @@ void TakeShareStatistics(AgentProgress& progress, const Dictionary& payload) {
 
 void TakeStoreStatus(AgentProgress& progress, const Dictionary& payload) {
     takeStoredBytes(progress, payload);
+    progress.isStoreStatusKnown = true;
     progress.totalFilesForStoring = SaturatingDifference(PayloadNumber(payload, keys::totalFiles),
                                                          PayloadNumber(payload, keys::storedFiles));
     progress.bannedFiles = intOf(payload, keys::bannedFiles);

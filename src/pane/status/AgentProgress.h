@@ -20,6 +20,8 @@ struct AgentProgress {
     std::string activeAdapter = {};
 
     // the backup
+    /// Whether the agent has said since it began to connect how far the backup is.
+    bool isStoreStatusKnown = false;
     bool backupScanning = false;
     std::int32_t scannedFolders = 0;
     std::int32_t scannedFiles = 0;

@@ -6,6 +6,7 @@
 #include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
 #include "foundation/system/Saturating.h"
+#include "pane/links/LinkAddresses.h"
 #include "pane/status/ConnectionLine.h"
 #include "widgets/SizeText.h"
 #include "widgets/TimeText.h"
@@ -137,7 +138,7 @@ std::string summaryOf(const AgentProgress& progress) {
 LinkedText invitation() {
     return WithLinkedSuffix(
         "", GetLocalizedString("PrefPane.SelectFolders", "Select folders for backup..."), 0, 0,
-        "orv:backup_config+1");
+        links::backupConfiguration);
 }
 
 }  // namespace
@@ -147,8 +148,7 @@ BackupLines ComposeBackupLines(const AgentProgress& progress, const BackupSituat
     const Causes causes{progress, situation};
     const Row& row = rowOf(causes);
     BackupLines lines{.summary = summaryOf(progress),
-                      .state = StatusLine{{row.text(causes)}, row.image},
-                      .isComplete = row.image == StatusImage::InSync};
+                      .state = StatusLine{{row.text(causes)}, row.image}};
     const bool isUnconfigured =
         progress.totalFolders == 0 && !progress.backupScanning && !progress.serverParsingXML;
     if (isUnconfigured && !situation.policyControlsBackup) lines.state->text = invitation();

@@ -19,14 +19,13 @@ struct BackupSituation {
     /// Tuning of the estimate: seconds a file, and the part of the speed that counts.
     double transferOverheadPerFile = 0;
     double bandwidthSafetyFactor = 1;
+    bool operator==(const BackupSituation&) const = default;
 };
 
 struct BackupLines {
     std::string summary;
     /// None leaves what is shown.
     std::optional<StatusLine> state;
-    /// Whether the backup is complete, and what was noted of files may be forgotten.
-    bool isComplete = false;
     bool operator==(const BackupLines&) const = default;
 };
 

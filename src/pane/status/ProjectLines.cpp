@@ -2,6 +2,7 @@
 
 #include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
+#include "pane/links/LinkAddresses.h"
 #include "widgets/SizeText.h"
 
 namespace orv {
@@ -31,8 +32,8 @@ LinkedText withViolations(const std::string& text, std::int64_t count) {
         count == 1 ? GetLocalizedString("PreferencePane.permissionViolation", " (1 sync violation)")
                    : FormatLocalizedString("PreferencePane.permissionViolations",
                                            " (%d sync violations)", {count});
-    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed,
-                            "orv:fixPermissionViolationsWindow", attentionColor);
+    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed, links::permissionViolations,
+                            attentionColor);
 }
 
 LinkedText withStorageProblem(const std::string& text, std::int32_t status,
@@ -42,8 +43,7 @@ LinkedText withStorageProblem(const std::string& text, std::int32_t status,
             ? GetLocalizedString("PrefPane.QuotaIssue", "  Storage Issue - Click here for details")
             : GetLocalizedString("PrefPane.OutOfQuota",
                                  "  Out of Storage - Click here for details");
-    return WithLinkedSuffix(text, suffix, beforeLink, 0, "orv:dashboard?" + agentId,
-                            attentionColor);
+    return WithLinkedSuffix(text, suffix, beforeLink, 0, links::Dashboard(agentId), attentionColor);
 }
 
 LinkedText withLocks(const std::string& text, std::int64_t count) {
@@ -51,7 +51,7 @@ LinkedText withLocks(const std::string& text, std::int64_t count) {
         count == 1
             ? GetLocalizedString("PreferencePane.lockedFile", " (1 file locked)")
             : FormatLocalizedString("PreferencePane.lockedFiles", " (%d files locked)", {count});
-    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed, "orv:lockedFilesWindow");
+    return WithLinkedSuffix(text, suffix, beforeLink, behindBracketed, links::lockedFiles);
 }
 
 }  // namespace

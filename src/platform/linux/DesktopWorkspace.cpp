@@ -1,14 +1,20 @@
 #include "platform/linux/DesktopWorkspace.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
 #include <string_view>
+#include <strings.h>
 #include <sys/stat.h>
 #include <utility>
 
 #include "platform/FileDescriptor.h"
+#include "platform/linux/DetachedProgram.h"
 #include "platform/linux/TrashInfo.h"
 #include "platform/linux/UniformTypes.h"
 
@@ -58,9 +64,24 @@ void writeNewFile(const std::string& path, std::string_view text) {
     if (written != static_cast<ssize_t>(text.size())) ::unlink(path.c_str());
 }
 
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+}
+
+bool mayOpen(const std::string& address) {
+    constexpr auto schemes = std::to_array<std::string_view>({"http", "https", "mailto", "orv"});
+    const std::size_t colon = address.find(':');
+    return colon != std::string::npos && std::ranges::none_of(address, isControl) &&
+           std::ranges::any_of(schemes, [&](std::string_view scheme) {
+               return scheme.size() == colon &&
+                      ::strncasecmp(scheme.data(), address.data(), colon) == 0;
+           });
+}
+
 }  // namespace
 
-DesktopWorkspace::DesktopWorkspace(Reporter reporter) : fileTypes_(std::move(reporter)) {}
+DesktopWorkspace::DesktopWorkspace(Reporter reporter)
+    : reporter_(reporter), fileTypes_(std::move(reporter)) {}
 
 std::optional<std::string> DesktopWorkspace::trashFolder() {
     const auto root = trashRoot();
@@ -90,6 +111,40 @@ std::optional<std::string> DesktopWorkspace::contentType(const std::string& path
     const auto mimeType = fileTypes_.mimeType(file.get());
     if (!mimeType) return std::nullopt;
     return UniformType(*mimeType);
+}
+
+bool DesktopWorkspace::openAddress(const std::string& address) {
+    if (mayOpen(address)) return open(address);
+    report("An address is not opened: it is none of http, https, mailto and orv.");
+    return false;
+}
+
+bool DesktopWorkspace::openPath(const std::string& path) {
+    // an absolute one is no option and has no scheme, whatever it begins with
+    std::error_code error;
+    const auto absolute = std::filesystem::absolute(path, error);
+    return !error && !path.empty() && open(absolute.string());
+}
+
+bool DesktopWorkspace::open(const std::string& what) {
+    const int error = StartDetached({"xdg-open", what});
+    if (error == ENOENT)
+        report("xdg-open is missing. Install the package xdg-utils.");
+    else if (error != 0)
+        report(std::string("xdg-open does not start: ") + std::strerror(error));
+    return error == 0;
+}
+
+bool DesktopWorkspace::startProgram(const std::vector<std::string>& words) {
+    const int error = StartDetached(words);
+    if (error == 0) return true;
+    report((words.empty() ? "A program" : words.front()) +
+           " does not start: " + std::strerror(error));
+    return false;
+}
+
+void DesktopWorkspace::report(const std::string& line) const {
+    if (reporter_) reporter_(line);
 }
 
 }  // namespace platform

@@ -6,8 +6,9 @@
 
 namespace platform {
 
-/// The user's own trash as freedesktop.org lays it out, below XDG_DATA_HOME or HOME, and the
-/// system's database of file types.
+/// The user's own trash as freedesktop.org lays it out, below XDG_DATA_HOME or HOME, the system's
+/// database of file types, and xdg-open, found by PATH. The reporter is told of what does not open,
+/// but never an address, which may hold a secret.
 class DesktopWorkspace final : public Workspace {
  public:
     explicit DesktopWorkspace(Reporter reporter = {});
@@ -17,8 +18,15 @@ class DesktopWorkspace final : public Workspace {
     void recordTrashed(const std::string& originalPath, const std::string& trashedPath) override;
     /// Looks into regular files only.
     [[nodiscard]] std::optional<std::string> contentType(const std::string& path) override;
+    bool openAddress(const std::string& address) override;
+    bool openPath(const std::string& path) override;
+    bool startProgram(const std::vector<std::string>& words) override;
 
  private:
+    bool open(const std::string& what);
+    void report(const std::string& line) const;
+
+    Reporter reporter_;
     FileTypeDatabase fileTypes_;
 };
 

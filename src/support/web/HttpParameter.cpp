@@ -49,6 +49,16 @@ std::string WithSourceAccount(std::string_view address, std::string_view rcid) {
     return whole.append("sourcercid=").append(EncodeHttpParameter(rcid));
 }
 
+std::string SchemeAndHostOf(std::string_view address) {
+    if (!hasScheme(address)) return {};
+    const auto start = address.find("://") + 3;
+    std::string_view host = address.substr(start);
+    host = host.substr(0, host.find_first_of("/?#\\"));
+    host.remove_prefix(host.rfind('@') + 1);                       // npos + 1 is 0
+    const auto name = host.starts_with('[') ? host.find(']') : 0;  // an IPv6 address has colons
+    return std::string(address.substr(0, start)).append(host.substr(0, host.find(':', name)));
+}
+
 std::string BaseUrlOf(std::string_view serverName) {
     return hasScheme(serverName) ? std::string(serverName)
                                  : std::string("https://").append(serverName);

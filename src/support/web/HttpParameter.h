@@ -15,4 +15,8 @@ namespace orv {
 /// A server's name as an address: as it is when it has a scheme, otherwise with "https://".
 [[nodiscard]] std::string BaseUrlOf(std::string_view serverName);
 
+/// Scheme and host of an address ("https://api.example.com") and nothing else of it, for a log that
+/// must not tell what was asked; "" for what has no scheme.
+[[nodiscard]] std::string SchemeAndHostOf(std::string_view address);
+
 }  // namespace orv

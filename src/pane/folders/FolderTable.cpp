@@ -1,0 +1,141 @@
+#include "pane/folders/FolderTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <set>
+#include <utility>
+
+#include "accounts/filters/FolderPatterns.h"
+#include "accounts/filters/StorageExceptions.h"
+#include "accounts/filters/VolumeFilters.h"
+#include "config/VolumeFolders.h"
+#include "foundation/files/Existence.h"
+#include "foundation/system/LocalizedString.h"
+#include "widgets/OfflineVolume.h"
+
+namespace orv {
+
+namespace {
+
+std::uint32_t allowedVolumes(const orvAgentSettings& settings) {
+    std::uint32_t mask = 0;
+    if (settings.allowReadonlyDriveShares()) mask |= ALLOW_READ_ONLY_VOLUMES;
+    if (settings.allowNetworkDriveShares()) mask |= ALLOW_NETWORK_VOLUMES;
+    if (settings.allowExternalDriveShares()) mask |= ALLOW_EXTERNAL_VOLUMES;
+    return mask;
+}
+
+/// The allowed ones, and behind them those that hold stored data all the same.
+std::vector<std::string> listedPaths(std::uint32_t mask, const std::vector<std::string>& selected,
+                                     const orv_StorageFoldersInfo& info) {
+    std::vector<std::string> listed = FilterAllowedVolumePaths(mask, selected);
+    const std::set<std::string> allowed(listed.begin(), listed.end());
+    for (const std::string& path : selected) {
+        if (!allowed.contains(path) && info.findInfoForPath(path)) listed.push_back(path);
+    }
+    return listed;
+}
+
+std::string shareOf(const std::string& path) {
+    if (path == "/") return quelm::GetLocalizedString("PrefPane.FileSystem", "File System");
+    return path.substr(path.rfind('/') + 1);
+}
+
+/// Of a path in a folder of volumes.
+std::string volumeName(const std::string& path) {
+    const std::size_t folder = FolderOfVolumes(path).size();
+    const std::size_t start = path.find_first_not_of('/', folder);
+    return start == path.npos ? path : path.substr(start, path.find('/', start) - start);
+}
+
+}  // namespace
+
+struct FolderTable::Question {
+    std::uint32_t mask;
+    std::vector<std::string> selected;
+    orv_StorageFoldersInfo info;
+    std::string exceptionsFile;
+};
+
+FolderTable::FolderTable(TableView& table, quelm::Background& background,
+                         std::function<void()> shown)
+    : table_(table), background_(background), shown_(std::move(shown)) {
+    table_.setDataSource(this);
+}
+
+FolderTable::~FolderTable() {
+    table_.setDataSource(nullptr);
+}
+
+void FolderTable::loadStorageSettings(const AccountRecords& records,
+                                      const std::string& exceptionsFile) {
+    auto question = std::make_shared<const Question>(
+        Question{allowedVolumes(records.agentSettings), records.storageSettings.topLevelPaths(),
+                 records.storageFoldersInfo, exceptionsFile});
+    auto rows = std::make_shared<std::vector<Row>>();
+    background_.perform([question, rows] { *rows = lookUp(*question); },
+                        [this, life = std::weak_ptr(life_), rows] {
+                            if (!life.expired()) take(std::move(*rows));
+                        });
+}
+
+std::vector<FolderTable::Row> FolderTable::lookUp(const Question& question) {
+    const FolderPatterns excluded(ReadExcludedFolders(question.exceptionsFile));
+    std::vector<Row> rows;
+    for (const std::string& path : listedPaths(question.mask, question.selected, question.info)) {
+        const orv_StorageFolderStatus* const record = question.info.findInfoForPath(path);
+        FolderState state{
+            .excluded = excluded.matches(path), .exists = quelm::Exists(path), .record = record};
+        state.offline = !state.exists && IsPathOffline(path);
+        const bool isIncomplete = state.offline && (!record || !record->isBackedUp());
+        rows.push_back({path, shareOf(path), FolderStatusText(state),
+                        isIncomplete ? volumeName(path) : std::string()});
+    }
+    return rows;
+}
+
+void FolderTable::take(std::vector<Row> rows) {
+    _storageSettingsArray = std::move(rows);
+    offline_.clear();
+    for (const Row& row : _storageSettingsArray) {
+        if (!row.missingVolume.empty() &&
+            std::ranges::find(offline_, row.missingVolume) == offline_.end())
+            offline_.push_back(row.missingVolume);
+    }
+    table_.reloadData();
+    shown_();
+}
+
+void FolderTable::removeRows(const std::vector<std::string>& paths) {
+    std::vector<Row> rows = _storageSettingsArray;
+    std::erase_if(rows, [&paths](const Row& row) {
+        return std::ranges::find(paths, row.path) != paths.end();
+    });
+    table_.selectRows({});
+    take(std::move(rows));
+}
+
+std::vector<std::string> FolderTable::paths() const {
+    std::vector<std::string> paths;
+    for (const Row& row : _storageSettingsArray)
+        paths.push_back(row.path);
+    return paths;
+}
+
+std::size_t FolderTable::numberOfRowsInTableView(const TableView& table) const {
+    return &table == &table_ ? _storageSettingsArray.size() : 0;
+}
+
+std::optional<std::string> FolderTable::objectValue(const TableView& table, std::string_view column,
+                                                    std::size_t row) const {
+    static constexpr std::array<std::pair<std::string_view, std::string Row::*>, 3> columns = {
+        {{share, &Row::share}, {path, &Row::path}, {status, &Row::status}}};
+    if (&table != &table_ || row >= _storageSettingsArray.size()) return std::nullopt;
+    for (const auto& [name, member] : columns) {
+        if (name == column) return _storageSettingsArray[row].*member;
+    }
+    return std::nullopt;
+}
+
+}  // namespace orv

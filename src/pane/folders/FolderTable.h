@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "accounts/Account.h"
+#include "accounts/FolderStatusText.h"
+#include "foundation/threads/Background.h"
+#include "widgets/TableView.h"
+
+namespace orv {
+
+/// The rows of the table of backup folders: what is selected on allowed volumes, and what already
+/// holds stored data. The disk is asked in the background; the table shows what was found last.
+/// Main thread only.
+class FolderTable final : public TableDataSource {
+ public:
+    /// Columns.
+    static constexpr const char* share = "share";
+    static constexpr const char* path = "path";
+    static constexpr const char* status = "status";
+
+    /// Both outlive it. `shown` is called whenever the rows have been looked up anew.
+    FolderTable(TableView& table, quelm::Background& background, std::function<void()> shown);
+    FolderTable(const FolderTable&) = delete;
+    FolderTable& operator=(const FolderTable&) = delete;
+    ~FolderTable();
+
+    /// Takes the account's selection and what is stored of it, and looks up what has become of the
+    /// folders. `exceptionsFile` is what the server excludes.
+    void loadStorageSettings(const AccountRecords& records, const std::string& exceptionsFile);
+    /// Without these, until the next load.
+    void removeRows(const std::vector<std::string>& paths);
+
+    [[nodiscard]] std::vector<std::string> paths() const;
+    /// Whether a folder that is not backed up is on a volume that is away, and the names of such
+    /// volumes.
+    [[nodiscard]] const std::vector<std::string>& offlineVolumes() const { return offline_; }
+    [[nodiscard]] bool isOfflineIncomplete() const { return !offline_.empty(); }
+
+    [[nodiscard]] std::size_t numberOfRowsInTableView(const TableView& table) const override;
+    [[nodiscard]] std::optional<std::string> objectValue(const TableView& table,
+                                                         std::string_view column,
+                                                         std::size_t row) const override;
+
+ private:
+    struct Row {
+        std::string path;
+        std::string share;
+        std::string status;
+        /// The volume's name where it is away and the folder not backed up; else empty.
+        std::string missingVolume;
+    };
+    struct Question;
+
+    static std::vector<Row> lookUp(const Question& question);
+    void take(std::vector<Row> rows);
+
+    TableView& table_;
+    quelm::Background& background_;
+    std::function<void()> shown_;
+    std::vector<Row> _storageSettingsArray;
+    std::vector<std::string> offline_;
+    /// Gone when this is.
+    std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
+};
+
+}  // namespace orv

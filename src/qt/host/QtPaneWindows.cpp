@@ -1,0 +1,38 @@
+#include "qt/host/QtPaneWindows.h"
+
+#include <QWidget>
+
+#include "qt/windows/AdvancedSettingsWindow.h"
+#include "qt/windows/OnlinePasswordWindow.h"
+
+namespace orv {
+
+QtPaneWindows::QtPaneWindows(const WindowContext& context, QWidget& mainWindow)
+    : context_(context), mainWindow_(mainWindow) {}
+QtPaneWindows::~QtPaneWindows() = default;
+
+void QtPaneWindows::showOnlinePassword(OnlinePasswordOutlets& outlets) {
+    password_ = std::make_unique<OnlinePasswordWindow>(context_, outlets, &mainWindow_);
+}
+
+void QtPaneWindows::showAdvancedSettings(AdvancedSettingsOutlets& outlets) {
+    if (!advanced_)
+        advanced_ = std::make_unique<AdvancedSettingsWindow>(context_, outlets, &mainWindow_);
+}
+
+void QtPaneWindows::release(OnlinePasswordOutlets& /*outlets*/) {
+    password_.reset();
+}
+
+void QtPaneWindows::release(AdvancedSettingsOutlets& /*outlets*/) {
+    advanced_.reset();
+}
+
+void QtPaneWindows::activate() {
+    if (mainWindow_.isMinimized()) mainWindow_.showNormal();
+    mainWindow_.show();
+    mainWindow_.raise();
+    mainWindow_.activateWindow();
+}
+
+}  // namespace orv
