@@ -66,7 +66,6 @@ void RowTable::setColumns(std::vector<TableColumn> columns) {
         horizontalHeader()->setSectionResizeMode(
             i, isRest ? QHeaderView::Stretch : QHeaderView::Fixed);
     }
-    fitColumns();
 }
 
 void RowTable::setEmptyText(const QString& text) {
@@ -79,7 +78,7 @@ void RowTable::setEmptyText(const QString& text) {
 /// others cannot be read.
 void RowTable::fitColumns() {
     constexpr double mostOfWidth = 0.4;
-    if (!rows_) return;
+    if (!rows_ || !isVisible()) return;
     const int most =
         std::max(spacing::leastColumn, static_cast<int>(viewport()->width() * mostOfWidth));
     for (int i = 0; i < rows_->columnCount(); ++i) {
@@ -91,6 +90,11 @@ void RowTable::fitColumns() {
 
 void RowTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+void RowTable::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
     fitColumns();
 }
 
