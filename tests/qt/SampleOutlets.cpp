@@ -41,6 +41,7 @@ void SampleOutlets::fillHeader() {
     pane._connectedFSA.setStringValue("Using: fileserver-3.local");
     pane._accountsButton.setTitles({"Default", "Anna’s studio", "Workshop"});
     pane._settingsNotice.setHidden(true);
+    pane._keychainNotice.setHidden(true);
 }
 
 void SampleOutlets::fillBackup() {
@@ -107,6 +108,7 @@ void SampleOutlets::fillDebug() {
 void SampleOutlets::fillDialogs() {
     password._firstLine.setStringValue("Enter your Corvanta Tidewell Backup password:");
     password._password.setStringValue("secret");
+    password._message.setHidden(true);
     advanced._showNotifications.setOn(true);
     advanced._greenCheckmarks.setOn(true);
     advanced._smartLocking.setOn(true);

@@ -89,11 +89,15 @@ TEST_F(WindowsTest, NoTextIsCutInALanguageWithLongerWords) {
              &pane._restoreProgressButton, &pane._allowRemoteAccess, &pane._verifyPasswordButton,
              &pane._resetDontShow, &pane._settingsNotice, &outlets.advanced._lockedNotice})
         view->setHidden(false);
+    outlets.advanced._lockedNotice.setStringValue(Longer("Locked by your administrator."));
     MainWindow window(context, pane);
     OnlinePasswordWindow password(context, outlets.password, &window);
     AdvancedSettingsWindow advanced(context, outlets.advanced, &window);
     window.show();
     openDialogs();
+    outlets.password._message.setStringValue(Longer("Invalid credentials."));
+    outlets.password._message.setHidden(false);
+    updates.flush();
     ASSERT_EQ(window.findChild<QLabel*>(QStringLiteral("computerTitle"))->text().toStdString(),
               Longer("This computer"));
     EXPECT_EQ(window.size(), QSize(860, 620));

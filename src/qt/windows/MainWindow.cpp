@@ -85,6 +85,7 @@ void MainWindow::bindHeader(PaneOutlets& outlets) {
     bindings_->bind(outlets._connectedFSA, ui_->_connectedFSA);
     bindings_->bind(outlets._accountsButton, ui_->_accountsButton);
     bindings_->bind(outlets._settingsNotice, ui_->_settingsNotice);
+    bindings_->bind(outlets._keychainNotice, ui_->_keychainNotice);
     bindings_->bind(outlets._tabs, ui_->_tabs);
 }
 
