@@ -14,9 +14,13 @@ function(tidewell_room name)
 endfunction()
 
 # tidewell_test(NAME LINKS lib ...): the tests of one folder of tests/ as the program test_NAME.
-# LABELS headless: needs no display, and is what the sanitizer runs of the CI take.
+# LABEL is "headless" unless given: needs no display, and is what the sanitizer runs of the CI take.
+# ENVIRONMENT is one variable that the tests run with.
 function(tidewell_test name)
-    cmake_parse_arguments(TEST "" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(TEST "" "LABEL;ENVIRONMENT" "LINKS" ${ARGN})
+    if(NOT TEST_LABEL)
+        set(TEST_LABEL headless)
+    endif()
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
     add_executable(test_${name} ${sources})
     target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
@@ -25,5 +29,5 @@ function(tidewell_test name)
         test_${name}
         DISCOVERY_MODE PRE_TEST
         TEST_PREFIX "${name}."
-        PROPERTIES LABELS headless TIMEOUT 120)
+        PROPERTIES LABELS ${TEST_LABEL} TIMEOUT 120 ENVIRONMENT "${TEST_ENVIRONMENT}")
 endfunction()

@@ -74,7 +74,7 @@ class ProjectsAnswer {
 };
 
 std::optional<Projects> storedProjects() {
-    const auto rows = ProjectListStore(GetConfigurationPath(files::subscribedProjects)).load();
+    const auto rows = ProjectListStore::load(GetConfigurationPath(files::subscribedProjects));
     if (!rows) return std::nullopt;
     return together(ProjectsOfStoredList(*rows));
 }

@@ -4,10 +4,11 @@
 
 namespace orv {
 
-SyncEnvironment ProcessSyncEnvironment() {
+SyncEnvironment ProcessSyncEnvironment(quelm::Background* background) {
     const platform::Services& services = platform::ProcessServices();
     return {*services.runLoop, *services.localNotifications,
-            AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList()};
+            AgentEventDispatcher::defaultDispatcher(), AccountList::defaultAccountList(),
+            background};
 }
 
 }  // namespace orv

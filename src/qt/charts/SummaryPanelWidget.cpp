@@ -45,7 +45,7 @@ QSize SummaryPanelWidget::sizeHint() const {
             fontMetrics().horizontalAdvance(row.label) + fontMetrics().horizontalAdvance(row.size);
         widest = std::max(widest, textStart + texts + spacing::wide);
     }
-    return {widest, rowHeight() * static_cast<int>(rows_.size())};
+    return {widest, rowHeight() * static_cast<int>(rows_.size()) + spacing::tight};
 }
 
 void SummaryPanelWidget::paintEvent(QPaintEvent* /*event*/) {
@@ -53,6 +53,7 @@ void SummaryPanelWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     QRect place(0, 0, width(), rowHeight());
     for (const Row& row : rows_) {
+        if (row.role == StorageRole::Quota) place.translate(0, spacing::tight);
         drawRow(painter, row, place);
         place.translate(0, rowHeight());
     }
@@ -65,6 +66,10 @@ void SummaryPanelWidget::drawRow(QPainter& painter, const Row& row, const QRect&
     const auto aligned = [&](Qt::Alignment alignment) {
         return int(QStyle::visualAlignment(layoutDirection(), alignment | Qt::AlignVCenter));
     };
+    if (row.role == StorageRole::Quota && place.top() > 0) {
+        const QRect line(0, place.top() - spacing::tight / 2, width(), 1);
+        painter.fillRect(line, palette().color(QPalette::Mid));
+    }
     painter.setPen(Qt::NoPen);
     painter.setBrush(ChartColor(row.role, palette()));
     painter.drawEllipse(placed({0, place.center().y() - dot / 2, dot, dot}));

@@ -19,21 +19,9 @@ namespace {
 
 constexpr int iconSide = 48;
 
-struct Look {
-    QMessageBox::Icon icon;
-    const char* image;
-};
-
-Look lookOf(AlertStyle style) {
-    if (style == AlertStyle::Critical) return {QMessageBox::Warning, "warning"};
-    return {QMessageBox::Information, "tidewell"};
-}
-
 void showIcon(QMessageBox& box, const Icons& icons, AlertStyle style) {
-    const Look look = lookOf(style);
-    box.setIcon(look.icon);
-    const QIcon image = icons.icon(QLatin1String(look.image));
-    if (image.isNull()) return;
+    const bool isCritical = style == AlertStyle::Critical;
+    const QIcon image = icons.icon(QLatin1String(isCritical ? "warning" : "tidewell"));
     box.setIconPixmap(image.pixmap(QSize(iconSide, iconSide), box.devicePixelRatio()));
 }
 

@@ -52,7 +52,6 @@ RowTable::RowTable(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + spacing::rowPadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
-    // what is seen decides the widths, however many rows there are
     horizontalHeader()->setResizeContentsPrecision(0);
 }
 
@@ -60,13 +59,13 @@ void RowTable::setColumns(std::vector<TableColumn> columns) {
     rows_ = MakeChild<OutletTableModel>(this, std::move(columns));
     setModel(rows_);
     setItemDelegate(MakeChild<CellDelegate>(this, rows_->columns()));
+    connect(rows_, &QAbstractItemModel::dataChanged, this, &RowTable::fitColumns);
     for (int i = 0; i < rows_->columnCount(); ++i) {
         const bool isRest =
             rows_->columns()[static_cast<std::size_t>(i)].width == ColumnWidth::Rest;
         horizontalHeader()->setSectionResizeMode(
-            i, isRest ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+            i, isRest ? QHeaderView::Stretch : QHeaderView::Fixed);
     }
-    fitColumns();
 }
 
 void RowTable::setEmptyText(const QString& text) {
@@ -75,15 +74,27 @@ void RowTable::setEmptyText(const QString& text) {
     viewport()->update();
 }
 
-/// No column takes so much that the others cannot be read.
+/// What is seen decides the widths, however many rows there are; no column takes so much that the
+/// others cannot be read.
 void RowTable::fitColumns() {
     constexpr double mostOfWidth = 0.4;
-    horizontalHeader()->setMaximumSectionSize(
-        std::max(spacing::leastColumn, static_cast<int>(viewport()->width() * mostOfWidth)));
+    if (!rows_ || !isVisible()) return;
+    const int most =
+        std::max(spacing::leastColumn, static_cast<int>(viewport()->width() * mostOfWidth));
+    for (int i = 0; i < rows_->columnCount(); ++i) {
+        if (horizontalHeader()->sectionResizeMode(i) != QHeaderView::Fixed) continue;
+        const int wanted = std::max(sizeHintForColumn(i), horizontalHeader()->sectionSizeHint(i));
+        setColumnWidth(i, std::min(wanted + spacing::cellPadding, most));
+    }
 }
 
 void RowTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+void RowTable::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
     fitColumns();
 }
 

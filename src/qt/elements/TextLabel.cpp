@@ -1,6 +1,6 @@
 #include "qt/elements/TextLabel.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -82,6 +82,13 @@ void TextLabel::paintEvent(QPaintEvent* event) {
     QStyleOptionFocusRect option;
     option.initFrom(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+void TextLabel::focusInEvent(QFocusEvent* event) {
+    QLabel::focusInEvent(event);
+    if (textFormat() != Qt::RichText) return;
+    if (event->reason() == Qt::TabFocusReason) focusNextPrevChild(true);
+    if (event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(false);
 }
 
 bool TextLabel::event(QEvent* event) {

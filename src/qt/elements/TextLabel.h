@@ -25,6 +25,8 @@ class TextLabel final : public QLabel {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Tab goes to the first link at once.
+    void focusInEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
 
  private:

@@ -79,12 +79,13 @@ void PanelHost::start(std::function<void()> started) {
 void PanelHost::makePanel(AccountList::Accounts accounts) {
     AccountList& list = AccountList::createDefaultAccountList(std::move(accounts), watchedFiles_);
     protectAccounts(list);
-    ProjectsList::createInstance();
+    ProjectsList::createInstance(&watchedFiles_);
     BrandIcons(icons_, *orv_VarBranding::instance());
     application_.emplace(
         LocalAgentApplication::Environment{*services_.notifications, *services_.workspace, slow_,
                                            LocalAgentApplication::programBeside("orvAgent")});
     window_ = std::make_unique<MainWindow>(context_, outlets_);
+    if (windowMade_) windowMade_(*window_);
     alerts_.emplace(icons_, window_.get());
     windows_.emplace(context_, *window_);
     pane_ = orvPreferencePane::initWithBundle(

@@ -36,6 +36,8 @@ class PanelHost {
     /// Stores what was changed, for at most ten seconds.
     ~PanelHost();
 
+    /// Called with the window before it is shown.
+    void setWindowMade(std::function<void(QWidget& window)> made) { windowMade_ = std::move(made); }
     /// Reads the accounts, then makes the panel, shows its window and calls `started`. While
     /// another program holds the settings the person is told so.
     void start(std::function<void()> started);
@@ -68,6 +70,7 @@ class PanelHost {
     std::optional<QtAlerts> alerts_;
     std::optional<QtPaneWindows> windows_;
     std::unique_ptr<orvPreferencePane> pane_;
+    std::function<void(QWidget& window)> windowMade_;
     /// What is to be opened as soon as there is a panel.
     std::string waitingAddress_;
 };

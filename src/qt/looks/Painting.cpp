@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "qt/looks/Spacing.h"
 
@@ -123,13 +124,9 @@ void checkIndicator(const QStyleOption& option, QPainter& painter) {
 
 void comboBox(const QStyleOptionComboBox& option, QPainter& painter) {
     drawBox(painter, option.rect, buttonBox(option));
-    QRectF arrow = option.rect;
-    const qreal width = 26;
-    if (option.direction == Qt::RightToLeft) {
-        arrow.setRight(arrow.left() + width);
-    } else {
-        arrow.setLeft(arrow.right() - width);
-    }
+    QRect arrow = option.rect;
+    arrow.setLeft(arrow.right() - chevronWidth + 1);
+    arrow = QStyle::visualRect(option.direction, option.rect, arrow);
     drawChevron(painter, arrow, option.palette.color(QPalette::PlaceholderText));
     if (hasKeyboardFocus(option)) focus(option, painter);
 }
@@ -149,7 +146,7 @@ void frame(const QStyleOption& option, QPainter& painter) {
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(inside(option.rect));
     painter.restore();
-    if (has(option, QStyle::State_HasFocus)) focus(option, painter);
+    if (hasKeyboardFocus(option)) focus(option, painter);
 }
 
 void focus(const QStyleOption& option, QPainter& painter) {
@@ -163,11 +160,53 @@ void focus(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
+    constexpr int leastLength = 32;
+    const bool isFlat = option.orientation == Qt::Horizontal;
+    const QRect& groove = option.rect;
+    const int whole = isFlat ? groove.width() : groove.height();
+    const auto range = static_cast<qint64>(option.maximum) - option.minimum;
+    const auto share =
+        whole * static_cast<qint64>(option.pageStep) / std::max<qint64>(range + option.pageStep, 1);
+    const int length =
+        range > 0 ? std::clamp(static_cast<int>(share), std::min(leastLength, whole), whole)
+                  : whole;
+    const int start = QStyle::sliderPositionFromValue(
+        option.minimum, option.maximum, option.sliderPosition, whole - length, option.upsideDown);
+    const auto along = [&](int from, int to) {
+        return isFlat ? QRect(groove.left() + from, groove.top(), to - from, groove.height())
+                      : QRect(groove.left(), groove.top() + from, groove.width(), to - from);
+    };
+    switch (part) {
+        case QStyle::SC_ScrollBarGroove:
+            return groove;
+        case QStyle::SC_ScrollBarSlider:
+            return along(start, start + length);
+        case QStyle::SC_ScrollBarSubPage:
+            return along(0, start);
+        case QStyle::SC_ScrollBarAddPage:
+            return along(start + length, whole);
+        default:
+            return {};
+    }
+}
+
+void scrollBar(const QStyleOptionSlider& option, QPainter& painter) {
+    constexpr int margin = 3;
+    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
+    if (option.maximum <= option.minimum) return;
+    const QRect slider = scrollBarPart(option, QStyle::SC_ScrollBarSlider)
+                             .adjusted(margin, margin, -margin, -margin);
+    const bool reacts = has(option, QStyle::State_MouseOver) || has(option, QStyle::State_Sunken);
+    const QColor color = option.palette.color(reacts ? QPalette::Dark : QPalette::Mid);
+    drawBox(painter, slider, {color, color}, std::min(slider.width(), slider.height()) / 2.0);
+}
+
 void tab(const QStyleOption& option, QPainter& painter) {
     constexpr int thick = 3;
     const bool isSelected = has(option, QStyle::State_Selected);
     if (!isSelected && !has(option, QStyle::State_MouseOver)) return;
-    QRect line = option.rect.adjusted(spacing::tight, 0, -spacing::tight, 0);
+    QRect line = option.rect.adjusted(spacing::wide, 0, -spacing::wide, 0);
     line.setTop(line.bottom() - thick + 1);
     painter.fillRect(line, option.palette.color(isSelected ? QPalette::Highlight : QPalette::Mid));
 }

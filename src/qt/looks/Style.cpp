@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QStyleOption>
+#include <QTabBar>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -12,6 +13,9 @@
 namespace orv {
 
 namespace {
+
+/// How far the focus of a check box goes round its title.
+constexpr int focusReach = 5;
 
 using Draw = void (*)(const QStyleOption&, QPainter&);
 
@@ -54,7 +58,10 @@ constexpr auto metrics = std::to_array<MetricRow>({
     {QStyle::PM_TabBarTabShiftHorizontal, 0},
     {QStyle::PM_IndicatorWidth, 18},
     {QStyle::PM_IndicatorHeight, 18},
-    {QStyle::PM_CheckBoxLabelSpacing, 8},
+    {QStyle::PM_CheckBoxLabelSpacing, focusReach + 5},
+    {QStyle::PM_ScrollBarExtent, 12},
+    {QStyle::PM_HeaderMargin, spacing::cellPadding},
+    {QStyle::PM_TabBarTabHSpace, 2 * spacing::wide},
     {QStyle::PM_FocusFrameHMargin, spacing::cellPadding - 1},
 });
 
@@ -83,8 +90,9 @@ QStyleOptionButton onAccent(const QStyleOptionButton& button) {
 QStyleOptionTab onTab(const QStyleOptionTab& tab) {
     QStyleOptionTab copy = tab;
     const bool isSelected = tab.state.testFlag(QStyle::State_Selected);
-    copy.palette.setColor(QPalette::WindowText,
-                          tab.palette.color(isSelected ? QPalette::Link : QPalette::WindowText));
+    const QColor text = tab.palette.color(isSelected ? QPalette::Link : QPalette::WindowText);
+    for (const auto role : {QPalette::WindowText, QPalette::Text})
+        copy.palette.setColor(role, text);
     return copy;
 }
 
@@ -123,18 +131,44 @@ void TidewellStyle::drawControl(ControlElement element, const QStyleOption* opti
 void TidewellStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
     const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
-    if (control == CC_ComboBox && box && !box->editable) {
-        painting::comboBox(*box, *painter);
-    } else {
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
-    }
+    if (control == CC_ComboBox && box && !box->editable) return painting::comboBox(*box, *painter);
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar) return painting::scrollBar(*bar, *painter);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 QRect TidewellStyle::subElementRect(SubElement element, const QStyleOption* option,
                                     const QWidget* widget) const {
-    // the focus goes round the whole button
-    if (element == SE_PushButtonFocusRect) return option->rect;
-    return QProxyStyle::subElementRect(element, option, widget);
+    const QRect usual = QProxyStyle::subElementRect(element, option, widget);
+    switch (element) {
+        case SE_PushButtonFocusRect:
+            return option->rect;
+        case SE_CheckBoxFocusRect:
+            return usual.adjusted(-focusReach, -1, focusReach, 1);
+        case SE_LineEditContents:
+            return usual.adjusted(spacing::tight, 0, -spacing::tight, 0);
+        default:
+            return usual;
+    }
+}
+
+QRect TidewellStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                    SubControl part, const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar) return painting::scrollBarPart(*bar, part);
+    if (control != CC_ComboBox || part != SC_ComboBoxEditField)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    const QRect text = option->rect.adjusted(spacing::cellPadding, 0, -painting::chevronWidth, 0);
+    return visualRect(option->direction, option->rect, text);
+}
+
+void TidewellStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    // tabs belong to the header above them
+    if (auto* tabs = qobject_cast<QTabBar*>(widget)) {
+        tabs->setBackgroundRole(QPalette::Base);
+        tabs->setAutoFillBackground(true);
+    }
 }
 
 int TidewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -158,12 +192,15 @@ QSize TidewellStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
             return {std::max(contents.width() + spacing::buttonPadding, spacing::leastButton),
                     height};
         case CT_LineEdit:
+            return {usual.width() + 2 * spacing::tight, height};
         case CT_ComboBox:
-            return {usual.width(), height};
+            return {contents.width() + spacing::cellPadding + painting::chevronWidth, height};
+        case CT_CheckBox:
+            return usual + QSize(focusReach, 2);
         case CT_TabBarTab:
-            return {usual.width() + spacing::usual, height + spacing::tight};
+            return {usual.width(), height + spacing::tight};
         case CT_HeaderSection:
-            return {usual.width() + spacing::cellPadding, height};
+            return {usual.width(), height};
         default:
             return usual;
     }

@@ -26,8 +26,8 @@ constexpr auto colors = std::to_array<ColorRow>({
     {QPalette::BrightText, 0xFFFFFF, 0xFFFFFF},  {QPalette::Light, 0xFFFFFF, 0x384346},
     {QPalette::Midlight, 0xE7ECEC, 0x2B3437},    {QPalette::Mid, 0xC9D2D3, 0x3C484B},
     {QPalette::Dark, 0x93A2A4, 0x5C6B6E},        {QPalette::Shadow, 0x5B6A6C, 0x0B0E0F},
-    {QPalette::Highlight, 0x0B7A75, 0x14807A},   {QPalette::HighlightedText, 0xFFFFFF, 0xFFFFFF},
-    {QPalette::Link, 0x0B716C, 0x5CC8C0},        {QPalette::LinkVisited, 0x0B716C, 0x5CC8C0},
+    {QPalette::Highlight, 0x127487, 0x1B7F92},   {QPalette::HighlightedText, 0xFFFFFF, 0xFFFFFF},
+    {QPalette::Link, 0x0F6A7C, 0x62C0D2},        {QPalette::LinkVisited, 0x0F6A7C, 0x62C0D2},
     {QPalette::ToolTipBase, 0x26333A, 0x2E393C}, {QPalette::ToolTipText, 0xFFFFFF, 0xE4EAEA},
 });
 

@@ -49,14 +49,10 @@ class Viewer {
  private:
     void printChanges() {
         const std::pair<const char*, const TextField*> lines[] = {
-            {"headline", &outlets_._headline},
-            {"last backup", &outlets_._lastBackup},
-            {"connection", &outlets_._connectionStatus},
-            {"info", &outlets_._connectionInfo},
-            {"backup", &outlets_._backupStatus1},
-            {"state", &outlets_._backupStatus2},
-            {"projects", &outlets_._projectsStatus1},
-            {"state", &outlets_._projectsStatus2},
+            {"headline", &outlets_._headline},           {"last backup", &outlets_._lastBackup},
+            {"connection", &outlets_._connectionStatus}, {"info", &outlets_._connectionInfo},
+            {"backup", &outlets_._backupStatus1},        {"state", &outlets_._backupStatus2},
+            {"projects", &outlets_._projectsStatus1},    {"state", &outlets_._projectsStatus2},
         };
         for (const auto& [name, field] : lines) {
             std::string& last = printed_[field];
@@ -83,7 +79,8 @@ void writeAgentFiles(const std::string& home, int percent) {
         const std::int64_t bytes = std::int64_t{megabytes} << 20;
         folders += fmt::format(
             "<store><path>{}/{}</path><total>{}</total><stored>{}</stored></store>", home, name,
-            bytes, bytes / 100 * (percent == 100 ? 100 : percent) + (percent == 100 ? bytes % 100 : 0));
+            bytes,
+            bytes / 100 * (percent == 100 ? 100 : percent) + (percent == 100 ? bytes % 100 : 0));
     }
     const std::string stores = "<r><stores>" + folders + "</stores></r>";
     const std::string quota =

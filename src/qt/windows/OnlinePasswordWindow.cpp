@@ -16,6 +16,7 @@ OnlinePasswordWindow::OnlinePasswordWindow(const WindowContext& context,
     bindings_ = std::make_unique<Bindings>(context, *this);
     bindings_->bind(outlets._firstLine, ui_->_firstLine);
     bindings_->bind(outlets._password, ui_->_password);
+    bindings_->bind(outlets._message, ui_->_message);
     bindings_->bind(outlets._rememberPassword, ui_->_rememberPassword);
     bindings_->bind(outlets._okButton, ui_->_okButton);
     bindings_->bind(outlets._cancelButton, ui_->_cancelButton);

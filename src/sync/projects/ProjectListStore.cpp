@@ -12,15 +12,15 @@
 
 namespace orv {
 
-std::optional<quelm::Array> ProjectListStore::load() const {
-    if (!quelm::Exists(path_)) return std::nullopt;
-    auto list = quelm::ReadPropertyListFile(path_, quelm::FileLock::None);
+std::optional<quelm::Array> ProjectListStore::load(const std::string& path) {
+    if (!quelm::Exists(path)) return std::nullopt;
+    auto list = quelm::ReadPropertyListFile(path, quelm::FileLock::None);
     quelm::Array* const rows = list.value ? list.value->asArray() : nullptr;
     if (rows) return std::move(*rows);
     quelm::LogError(
         fmt::format("The list of projects {} cannot be read: {}. It is made anew when the agent "
                     "answers.",
-                    path_, list.value ? "it is no array" : list.error));
+                    path, list.value ? "it is no array" : list.error));
     return std::nullopt;
 }
 

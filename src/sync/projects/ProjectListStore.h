@@ -15,8 +15,10 @@ class ProjectListStore {
  public:
     explicit ProjectListStore(std::string path) : path_(std::move(path)) {}
 
-    /// None, with a line in the log unless the file is missing, for one that cannot be read.
-    [[nodiscard]] std::optional<quelm::Array> load() const;
+    [[nodiscard]] const std::string& path() const { return path_; }
+    /// None, with a line in the log unless the file is missing, for one that cannot be read. Any
+    /// thread.
+    [[nodiscard]] static std::optional<quelm::Array> load(const std::string& path);
     /// Writes later; of several lists that wait the last is written. A failure leaves the file and
     /// is logged.
     void store(const quelm::Array& rows);

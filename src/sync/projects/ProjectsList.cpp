@@ -60,9 +60,9 @@ ProjectsList::~ProjectsList() {
     environment_.accounts.removeClient(settingsClient_.get());
 }
 
-void ProjectsList::createInstance() {
+void ProjectsList::createInstance(quelm::Background* background) {
     if (sharedList()) return;
-    sharedList() = std::make_unique<ProjectsList>(ProcessSyncEnvironment());
+    sharedList() = std::make_unique<ProjectsList>(ProcessSyncEnvironment(background));
     sharedList()->loadProjectList();
 }
 
@@ -129,6 +129,7 @@ void ProjectsList::handleSyncResponse(const quelm::Dictionary& payload) {
 }
 
 void ProjectsList::takeSubscribed(const quelm::Dictionary& payload) {
+    isAnswered_ = true;
     const bool isChanged = parseSubscribedProjects(ProjectListKind::Subscribed,
                                                    PayloadText(payload, keys::projectList));
     if (isChanged) storeProjectList();
@@ -174,9 +175,23 @@ bool ProjectsList::replaceSubscribed(ParsedProjects parsed) {
 }
 
 void ProjectsList::loadProjectList() {
-    const auto rows = store_.load();
-    if (!rows) return;
-    replaceSubscribed(ProjectsOfStoredList(*rows));
+    auto stored = std::make_shared<std::optional<ParsedProjects>>();
+    auto read = [stored, path = store_.path()] {
+        const auto rows = ProjectListStore::load(path);
+        if (rows) *stored = ProjectsOfStoredList(*rows);
+    };
+    auto take = [this, life = std::weak_ptr(life_), stored] {
+        if (!life.expired()) takeStored(std::move(*stored));
+    };
+    isAnswered_ = false;
+    if (environment_.background) return environment_.background->perform(read, take);
+    read();
+    take();
+}
+
+void ProjectsList::takeStored(std::optional<ParsedProjects> stored) {
+    if (!stored || isAnswered_) return;
+    replaceSubscribed(std::move(*stored));
     postChange();
 }
 

@@ -33,7 +33,8 @@ class ProjectsList {
     ~ProjectsList();
 
     /// Makes the shared list from the process's services, with what was stored, unless it is there.
-    static void createInstance();
+    /// With a background, which outlives it, what was stored comes later.
+    static void createInstance(quelm::Background* background = nullptr);
     /// Ends it, before the services end.
     static void destroyInstance();
     /// Made when it is asked for first.
@@ -131,7 +132,8 @@ class ProjectsList {
     [[nodiscard]] bool timedOut() const { return timedOut_; }
     [[nodiscard]] bool existsPendingSyncOperationProject() const;
 
-    /// Reads the stored list and tells the clients; nothing changes where there is none.
+    /// Reads the stored list and tells the clients; nothing changes where there is none, or when
+    /// the agent answered meanwhile.
     void loadProjectList();
 
     // What the agent says.
@@ -157,6 +159,7 @@ class ProjectsList {
 
     void loadSettings();
     void registerAgentEvents();
+    void takeStored(std::optional<ParsedProjects> stored);
     void storeProjectList();
     void takeSubscribed(const quelm::Dictionary& payload);
     void takeNotSubscribed(const quelm::Dictionary& payload);
@@ -200,6 +203,9 @@ class ProjectsList {
     ProjectListStore store_;
     std::shared_ptr<SettingsClient> settingsClient_;
     std::list<Waiting> waiting_;
+    bool isAnswered_ = false;
+    /// Gone when the list is.
+    std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };
 
 }  // namespace orv

@@ -1,13 +1,16 @@
-// Takes pictures of every window with sample values: gallery FOLDER
-// With --first-paint it ends when the main window has been painted.
+// Takes pictures of every window with sample values: gallery FOLDER [--longer]
+// With --longer in a language whose texts are longer. With --first-paint it ends when the main
+// window has been painted.
 
 #include <QApplication>
 #include <QDir>
 #include <QTimer>
 #include <clocale>
 #include <iostream>
+#include <optional>
 
 #include "foundation/system/ApplicationBundle.h"
+#include "qt/LongerTexts.h"
 #include "qt/SampleOutlets.h"
 #include "qt/binding/FrameUpdates.h"
 #include "qt/desktop/Screenshots.h"
@@ -49,7 +52,8 @@ void takeAll(const orv::WindowContext& context, const QString& folder, const QSt
 
     // a bad day
     outlets.pane._settingsNotice.setText(
-        {"The settings file of account “Workshop” is damaged. Its defaults are used. Show it", {}});
+        {"The settings file of account “Workshop” is damaged. Its defaults are used. Show it",
+         {{79, 7, "orv:settings", ""}}});
     outlets.pane._settingsNotice.setHidden(false);
     outlets.pane._headline.setText(
         {"Backup stopped: the storage is full. Get more storage", {{37, 16, "orv:dashboard", ""}}});
@@ -103,10 +107,13 @@ int main(int argc, char** argv) {
                                          std::cout << "link " << address << '\n';
                                      }};
     const QStringList words = QCoreApplication::arguments();
-    if (words.size() != 2) {
-        std::cerr << "usage: gallery FOLDER | --first-paint\n";
+    const bool isLonger = words.size() == 3 && words[2] == QLatin1String("--longer");
+    if (words.size() != 2 && !isLonger) {
+        std::cerr << "usage: gallery FOLDER [--longer] | --first-paint\n";
         return 2;
     }
+    std::optional<test_support::LongerTexts> language;
+    if (isLonger) language.emplace();
     if (words[1] == QLatin1String("--first-paint")) return showUntilPainted(context);
     QDir().mkpath(words[1]);
     takeAll(context, words[1], suffix(appearance));
