@@ -60,6 +60,7 @@ void MainWindow::setUp(const WindowContext& context) {
     ui_->_foldersList->setColumns(folderColumns());
     ui_->_debugWindow->setColumns(eventColumns());
     PrepareWindow(*this, context);
+    ui_->_tabs->setFocus();
     for (const auto key : {QKeySequence::Close, QKeySequence::Quit}) {
         auto* shortcut = MakeChild<QShortcut>(this, QKeySequence(key));
         connect(shortcut, &QShortcut::activated, this, &QWidget::close);
