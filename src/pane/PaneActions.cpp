@@ -6,6 +6,7 @@
 #include "pane/PreferencePane.h"
 #include "pane/account/AccountDeletion.h"
 #include "pane/password/OnlinePasswordController.h"
+#include "pane/settings/WarningDays.h"
 #include "support/ApplicationNames.h"
 
 // What the panel's buttons do.
@@ -43,6 +44,9 @@ void orvPreferencePane::wireActions() {
     for (const auto& [button, action] : buttons)
         button->setAction([this, action] { (this->*action)(); });
     outlets_._accountsButton.setAction([this] { accountChosen(); });
+    outlets_._warningDays.setAction([this] { warningDaysChosen(); });
+    outlets_._backupPolicyButton.setTitle(GetLocalizedString(
+        "PrefPane.PolicyControlsBackup", "Let the policy of my team choose what is backed up"));
     outlets_._foldersList.setSelectionDidChange([this] { updateFolderButtons(); });
 }
 
@@ -206,6 +210,17 @@ void orvPreferencePane::accountChosen() {
     showDeviceInfo();
     status_.startDisconnected();
     NotifyAgentReportStatus(account->agentID());
+}
+
+void orvPreferencePane::warningDaysChosen() {
+    const auto days = WarningDaysOf(agentSettings().backupWarningDays())
+                          .days.at(outlets_._warningDays.indexOfSelectedItem());
+    settings_.change(HintAgentSettings, [days](AccountRecords& records) {
+        records.agentSettings.setBackupWarningDays(days);
+    });
+    updateInputs();
+    status_.showBackupStatus();
+    saveSettings();
 }
 
 void orvPreferencePane::deleteAccountClicked() {

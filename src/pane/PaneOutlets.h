@@ -46,6 +46,8 @@ struct PaneOutlets : StatusOutlets {
     // the projects
     ImageView _projectsFolderImage;
     TextField _projectsFolderText;
+    /// Columns "name", "path" and "content".
+    TableView _projectsTable;
     Button _advancedSettings;
 
     // the account
@@ -54,6 +56,8 @@ struct PaneOutlets : StatusOutlets {
     CheckBox _startOnLoginButton;
     CheckBox _allowRemoteAccess;
     CheckBox _verifyPasswordButton;
+    /// When to warn that there was no complete backup.
+    PopUpButton _warningDays;
     Button _resetDontShow;
     Button _newAccountButton;
     Button _deleteAccountButton;

@@ -3,6 +3,7 @@
 
 #include "foundation/system/LocalizedString.h"
 #include "pane/PreferencePane.h"
+#include "pane/settings/WarningDays.h"
 #include "pane/status/AccountInputs.h"
 
 // What of the panel is shown, and as what.
@@ -42,6 +43,16 @@ void orvPreferencePane::updateUi() {
     }
     advanced_.update();
     updateAccountsButton();
+    updateWarningDays();
+}
+
+void orvPreferencePane::updateWarningDays() {
+    const WarningDaysChoice choice = WarningDaysOf(agentSettings().backupWarningDays());
+    std::vector<std::string> titles;
+    for (const std::int32_t days : choice.days)
+        titles.push_back(WarningDaysText(days));
+    outlets_._warningDays.setTitles(std::move(titles));
+    outlets_._warningDays.selectItemAtIndex(choice.selected);
 }
 
 void orvPreferencePane::updateBackupUI() {
@@ -164,6 +175,7 @@ void orvPreferencePane::projectsListChanged() {
     const ProjectsList& projects = environment_.projects;
     status_.setProjects(static_cast<std::int64_t>(projects.subscribedProjectsCount()),
                         projects.subscribedProjectsFiles(), projects.subscribedProjectsBytes());
+    projectTable_.show(projects.subscribedProjects());
     status_.showProjectsStatus();
     showStorage();
 }

@@ -48,6 +48,7 @@ orvPreferencePane::orvPreferencePane(PaneOutlets& outlets, const PaneEnvironment
       settings_(settings, environment.background,
                 [this](const SettingsError& error) { printError(error); }),
       folders_(outlets._foldersList, environment.background, [this] { foldersShown(); }),
+      projectTable_(outlets._projectsTable),
       history_(settings.accountFolderPath(), environment.background),
       advanced_(settings, settings_, environment.windows),
       debugEvents_(outlets._debugWindow, *environment.services.runLoop) {

@@ -11,6 +11,7 @@
 #include "pane/PaneEnvironment.h"
 #include "pane/PaneOutlets.h"
 #include "pane/folders/FolderTable.h"
+#include "pane/projects/ProjectTable.h"
 #include "pane/settings/AdvancedSettingsController.h"
 #include "pane/settings/DeviceInfo.h"
 #include "pane/settings/SettingsCycle.h"
@@ -66,6 +67,7 @@ class orvPreferencePane {
     void addAccount() {}
     void deleteAccountClicked();
     void accountChosen();
+    void warningDaysChosen();
 
     void selectTabWithIdentifier(std::string_view identifier);
     /// Opens what a link names: a place of the panel or a page of the service. What is neither is
@@ -113,6 +115,7 @@ class orvPreferencePane {
     void updateBackupUI();
     void updateFolderButtons();
     void updateAccountsButton();
+    void updateWarningDays();
     void showDeviceInfo();
     void showStorage();
     void enableProjectsStatus();
@@ -149,6 +152,7 @@ class orvPreferencePane {
     StatusModel status_;
     SettingsCycle settings_;
     FolderTable folders_;
+    ProjectTable projectTable_;
     BackupHistory history_;
     AdvancedSettingsController advanced_;
     DebugEvents debugEvents_;

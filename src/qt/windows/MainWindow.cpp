@@ -30,6 +30,14 @@ std::vector<TableColumn> folderColumns() {
                Qt::ElideRight)};
 }
 
+std::vector<TableColumn> projectColumns() {
+    return {column("name", {"PrefPane.ProjectColumn", "Project"}, ColumnWidth::Contents,
+                   Qt::ElideMiddle),
+            column("path", {"PrefPane.PathColumn", "Folder"}, ColumnWidth::Rest, Qt::ElideMiddle),
+            column("content", {"PrefPane.ContentColumn", "Content"}, ColumnWidth::Contents,
+                   Qt::ElideRight)};
+}
+
 std::vector<TableColumn> eventColumns() {
     return {
         column("time", {"PrefPane.TimeColumn", "Time"}, ColumnWidth::Contents, Qt::ElideRight),
@@ -58,6 +66,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::setUp(const WindowContext& context) {
     ui_->_foldersList->setColumns(folderColumns());
+    ui_->_projectsTable->setColumns(projectColumns());
     ui_->_debugWindow->setColumns(eventColumns());
     PrepareWindow(*this, context);
     ui_->_tabs->setFocus();
@@ -105,6 +114,7 @@ void MainWindow::bindProjects(PaneOutlets& outlets) {
     bindings_->bind(outlets._projectsStatus1, ui_->_projectsStatus1);
     bindings_->bind(outlets._projectsStatus2, ui_->_projectsStatus2);
     bindings_->bind(outlets._projectsStatusImage, ui_->_projectsStatusImage);
+    bindings_->bind(outlets._projectsTable, ui_->_projectsTable);
     bindings_->bind(outlets._advancedSettings, ui_->_advancedSettings);
 }
 
@@ -124,6 +134,7 @@ void MainWindow::bindAccount(PaneOutlets& outlets) {
     bindings_->bind(outlets._copyDeviceInfoButton, ui_->_copyDeviceInfoButton);
     bindings_->bind(outlets._copyDeviceIDButton, ui_->_copyDeviceIDButton);
     bindings_->bind(outlets._copyLogsButton, ui_->_copyLogsButton);
+    bindings_->bind(outlets._warningDays, ui_->_warningDays);
     bindings_->bind(outlets._startOnLoginButton, ui_->_startOnLoginButton);
     bindings_->bind(outlets._allowRemoteAccess, ui_->_allowRemoteAccess);
     bindings_->bind(outlets._verifyPasswordButton, ui_->_verifyPasswordButton);
