@@ -115,6 +115,7 @@ TEST_F(WindowsTest, NoTextIsCutInTheSmallestWindow) {
 TEST_F(WindowsTest, TabReachesEveryControlInReadingOrder) {
     MainWindow window(context, outlets.pane);
     window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     onEachPage(window, [&](const std::string& page) {
         std::set<const QWidget*> wanted;
         for (const QWidget* widget : shownIn<QWidget>(window)) {

@@ -1,5 +1,6 @@
 #include "qt/looks/Style.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QStyleOption>
 #include <QTabBar>
@@ -103,6 +104,8 @@ TidewellStyle::TidewellStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void TidewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
+    // of a list, what is selected is what has the focus
+    if (element == PE_FrameFocusRect && qobject_cast<const QAbstractItemView*>(widget)) return;
     const auto row = std::ranges::find(primitives, element, &PrimitiveRow::element);
     if (row == primitives.end()) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -195,7 +198,9 @@ QSize TidewellStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
         case CT_LineEdit:
             return {usual.width() + 2 * spacing::tight, height};
         case CT_ComboBox:
-            return {contents.width() + spacing::cellPadding + painting::chevronWidth, height};
+            return {contents.width() + 2 * spacing::cellPadding + painting::chevronWidth, height};
+        case CT_ItemViewItem:
+            return usual.expandedTo({0, height - spacing::tight / 2});
         case CT_CheckBox:
             return usual + QSize(focusReach, 2);
         case CT_TabBarTab:
