@@ -89,16 +89,27 @@ TEST_F(WindowsTest, NoTextIsCutInALanguageWithLongerWords) {
              &pane._restoreProgressButton, &pane._allowRemoteAccess, &pane._verifyPasswordButton,
              &pane._resetDontShow, &pane._settingsNotice, &outlets.advanced._lockedNotice})
         view->setHidden(false);
+    outlets.advanced._lockedNotice.setStringValue(Longer("Locked by your administrator."));
     MainWindow window(context, pane);
     OnlinePasswordWindow password(context, outlets.password, &window);
     AdvancedSettingsWindow advanced(context, outlets.advanced, &window);
     window.show();
     openDialogs();
+    outlets.password._message.setStringValue(Longer("Invalid credentials."));
+    outlets.password._message.setHidden(false);
+    updates.flush();
     ASSERT_EQ(window.findChild<QLabel*>(QStringLiteral("computerTitle"))->text().toStdString(),
               Longer("This computer"));
     EXPECT_EQ(window.size(), QSize(860, 620));
     for (QWidget* each : std::initializer_list<QWidget*>{&window, &password, &advanced})
         onEachPage(*each, [&](const std::string& page) { expectNothingIsCut(*each, page); });
+}
+
+TEST_F(WindowsTest, NoTextIsCutInTheSmallestWindow) {
+    MainWindow window(context, outlets.pane);
+    window.resize(window.minimumSize());
+    window.show();
+    onEachPage(window, [&](const std::string& page) { expectNothingIsCut(window, page); });
 }
 
 TEST_F(WindowsTest, TabReachesEveryControlInReadingOrder) {
@@ -193,6 +204,22 @@ TEST_F(WindowsTest, HiddenFieldsHideTheirLabels) {
     outlets.pane._agentID.setHidden(true);
     updates.flush();
     EXPECT_TRUE(title->isHidden());
+}
+
+TEST_F(WindowsTest, AHeadingGoesWithTheLastOfWhatItHeads) {
+    MainWindow window(context, outlets.pane);
+    const auto* section = window.findChild<QWidget*>(QStringLiteral("accountSection"));
+    Button* const buttons[] = {&outlets.pane._newAccountButton, &outlets.pane._deleteAccountButton};
+    for (Button* button : buttons) {
+        updates.flush();
+        EXPECT_FALSE(section->isHidden());
+        button->setHidden(true);
+    }
+    updates.flush();
+    EXPECT_TRUE(section->isHidden());
+    buttons[0]->setHidden(false);
+    updates.flush();
+    EXPECT_FALSE(section->isHidden());
 }
 
 TEST_F(WindowsTest, PicturesAreTakenOfEveryTab) {

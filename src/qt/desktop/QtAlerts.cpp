@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -25,15 +26,31 @@ void showIcon(QMessageBox& box, const Icons& icons, AlertStyle style) {
     box.setIconPixmap(image.pixmap(QSize(iconSide, iconSide), box.devicePixelRatio()));
 }
 
+/// None that the box has not made.
+QLabel* labelNamed(const QMessageBox& box, const char* name) {
+    return box.findChild<QLabel*>(QLatin1String(name));
+}
+
+void showInformativeText(QMessageBox& box, const std::string& text) {
+    constexpr int usualWidth = 340;
+    box.setInformativeText(ShownText(text));
+    if (QLabel* label = labelNamed(box, "qt_msgbox_informativelabel")) {
+        label->setTextFormat(Qt::PlainText);  // it would guess the format
+        const int width = label->fontMetrics().horizontalAdvance(label->text());
+        label->setMinimumWidth(std::min(width, usualWidth));
+    }
+    if (QLabel* label = labelNamed(box, "qt_msgbox_label")) {
+        QFont font = label->font();
+        font.setWeight(QFont::DemiBold);
+        label->setFont(font);
+    }
+}
+
 void showTexts(QMessageBox& box, const Alert& alert) {
     box.setWindowTitle(ShownLine(alert.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ShownText(alert.message));
-    if (!alert.informativeText) return;
-    box.setInformativeText(ShownText(*alert.informativeText));
-    // it would guess the format
-    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
-        label->setTextFormat(Qt::PlainText);
+    if (alert.informativeText) showInformativeText(box, *alert.informativeText);
 }
 
 using Buttons = std::vector<QAbstractButton*>;

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "qt/binding/ShownText.h"
+#include "qt/looks/StatusColors.h"
 
 namespace orv {
 
@@ -22,11 +23,15 @@ struct Tone {
     QPalette::ColorRole role;
 };
 
+/// Why what was entered is not accepted.
+constexpr const char* refused = "refused";
+
 constexpr auto tones = std::to_array<Tone>({
     {"muted", 1.0, QFont::Normal, QPalette::PlaceholderText},
     {"strong", 1.0, QFont::DemiBold, QPalette::WindowText},
     {"section", 1.1, QFont::DemiBold, QPalette::WindowText},
     {"headline", 1.6, QFont::DemiBold, QPalette::WindowText},
+    {refused, 1.0, QFont::Normal, QPalette::WindowText},
 });
 
 QFont scaled(QFont font, qreal size) {
@@ -49,6 +54,10 @@ void TextLabel::setTone(const QString& tone) {
     font.setWeight(found->weight);
     setFont(font);
     setForegroundRole(found->role);
+    if (found->name != refused) return;
+    QPalette own = palette();
+    own.setColor(found->role, StatusColor(Status::Refused, own));
+    setPalette(own);
 }
 
 bool TextLabel::mayBeCut() const {

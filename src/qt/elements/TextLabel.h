@@ -8,7 +8,7 @@ namespace orv {
 /// is then its tool tip.
 class TextLabel final : public QLabel {
     Q_OBJECT
-    /// "muted", "strong", "section" or "headline".
+    /// "muted", "strong", "section", "headline" or "refused".
     Q_PROPERTY(QString tone READ tone WRITE setTone)
     /// Where a line is cut: "end", "middle", or empty for never.
     Q_PROPERTY(QString cut READ cut WRITE setCut)

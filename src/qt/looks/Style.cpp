@@ -89,6 +89,7 @@ QStyleOptionButton onAccent(const QStyleOptionButton& button) {
 
 QStyleOptionTab onTab(const QStyleOptionTab& tab) {
     QStyleOptionTab copy = tab;
+    copy.state &= ~QStyle::State_HasFocus;  // its shape shows that
     const bool isSelected = tab.state.testFlag(QStyle::State_Selected);
     const QColor text = tab.palette.color(isSelected ? QPalette::Link : QPalette::WindowText);
     for (const auto role : {QPalette::WindowText, QPalette::Text})

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMessageBox>
 #include <QTimer>
 #include <clocale>
 #include <iostream>
@@ -13,6 +14,7 @@
 #include "qt/LongerTexts.h"
 #include "qt/SampleOutlets.h"
 #include "qt/binding/FrameUpdates.h"
+#include "qt/desktop/QtAlerts.h"
 #include "qt/desktop/Screenshots.h"
 #include "qt/looks/Icons.h"
 #include "qt/looks/Theme.h"
@@ -34,6 +36,27 @@ class EndAtPaint final : public QObject {
 QString suffix(orv::Appearance appearance) {
     return QString::fromLatin1(appearance == orv::Appearance::Dark ? "-dark" : "-light") +
            QStringLiteral("@%1").arg(qApp->devicePixelRatio());
+}
+
+QStringList alertPictures(const orv::WindowContext& context, QWidget& window, const QString& folder,
+                          const QString& end) {
+    orv::QtAlerts alerts(context.icons, &window);
+    alerts.show(
+        {"Tidewell Backup Settings",
+         "WARNING",
+         "All backup locations and settings will be lost by enabling the “Let the policy of "
+         "my team choose what is backed up” option. Are you sure you want to continue?",
+         {"Yes", "No"},
+         orv::AlertStyle::Critical,
+         1},
+        {});
+    alerts.show({"Tidewell Backup Settings", "Unable to run Account Setup.", {}, {"OK"}}, {});
+    QStringList taken;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (qobject_cast<QMessageBox*>(top))
+            taken += orv::TakeScreenshots(*top, folder,
+                                          QStringLiteral("alert%1").arg(taken.size()) + end);
+    return taken;
 }
 
 void takeAll(const orv::WindowContext& context, const QString& folder, const QString& end) {
@@ -72,11 +95,19 @@ void takeAll(const orv::WindowContext& context, const QString& folder, const QSt
     outlets.pane._restoreProgressButton.setHidden(false);
     outlets.advanced._lockedNotice.setHidden(false);
     outlets.advanced._lockedNotice.setStringValue("Your administrator has locked these settings.");
+    outlets.pane._keychainNotice.setHidden(false);
+    outlets.pane._keychainNotice.setStringValue(
+        "Passwords cannot be kept: no program of this session keeps them. Install gnome-keyring.");
+    outlets.password._message.setHidden(false);
+    outlets.password._message.setStringValue("Invalid credentials.");
+    outlets.password._indicator.stopAnimation();
     for (auto* box : {&outlets.advanced._showNotifications, &outlets.advanced._smartLocking})
         box->setEnabled(false);
     context.updates.flush();
     taken += orv::TakeScreenshots(window, folder, QStringLiteral("bad-main") + end);
     taken += orv::TakeScreenshots(advanced, folder, QStringLiteral("bad-advanced") + end);
+    taken += orv::TakeScreenshots(password, folder, QStringLiteral("bad-password") + end);
+    taken += alertPictures(context, window, folder, end);
     for (const QString& path : taken)
         std::cout << path.toStdString() << '\n';
 }
