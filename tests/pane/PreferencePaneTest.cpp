@@ -1,4 +1,6 @@
+#include <csignal>
 #include <fstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "foundation/files/Existence.h"
@@ -26,6 +28,9 @@ class ThePanel : public test_support::PaneFixture {
         for (const TabViewItem& item : outlets_._tabs.items())
             names.push_back(item.identifier);
         return names;
+    }
+    void announce(const Dictionary& payload) {
+        center_->deliver(notifications::settingsChanged, defaultNotificationObject, payload);
     }
     std::string cell(const char* column, std::size_t row) const {
         return outlets_._foldersList.textAt(column, row);
@@ -112,6 +117,57 @@ TEST_F(ThePanel, KeepsWhatCannotBeStoredForTheNextTime) {
     pane_->didUnselect();
     EXPECT_EQ(posted(), Names{"hint 16384"});
     EXPECT_EQ(*stored("user_info.plist").find("policy_backup"), quelm::Value(0));
+}
+
+TEST_F(ThePanel, KeepsWhatOthersStoredSinceItRead) {
+    storeSelection({"/a"});
+    start();
+    outlets_._foldersList.selectRows({0});
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
+                                      Dictionary{{"full_name", "Berta"}, {"policy_backup", 1}}));
+    outlets_._backupPolicyButton.performClick();
+    EXPECT_EQ(stored("user_info.plist"),
+              (Dictionary{{"full_name", "Berta"}, {"policy_backup", 0}}));
+    ASSERT_TRUE(StoreArrayToFile(folder_ / "storage_info.plist",
+                                 quelm::Array{quelm::Array{"/a", true}, quelm::Array{"/b", true}}));
+    outlets_._removeFolderButton.performClick();
+    answer(1);
+    EXPECT_EQ(quelm::ReadPropertyListFile(folder_ / "storage_info.plist").value,
+              quelm::Value(quelm::Array{quelm::Array{"/b", true}}));
+}
+
+TEST_F(ThePanel, TellsTheAgentOfAChangeThoughItEndsMeanwhile) {
+    start();
+    posted();
+    held_.held = true;
+    outlets_._backupPolicyButton.performClick();
+    pane_.reset();
+    held_.release();
+    EXPECT_EQ(*stored("user_info.plist").find("policy_backup"), quelm::Value(0));
+    EXPECT_EQ(posted(), Names{"hint 16384"});
+}
+
+TEST_F(ThePanel, NoticesThatTheSelectionWasNotWritten) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"policy_backup", 0}}));
+    storeSelection({"/a", "/b"});
+    start();
+    posted();
+    outlets_._foldersList.selectRows({0});
+    outlets_._removeFolderButton.performClick();
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit full{.rlim_cur = 0, .rlim_max = limit.rlim_max};  // as a full disk
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    answer(1);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::signal(SIGXFSZ, before);
+    ASSERT_EQ(alerts_.shown.size(), 1U);
+    EXPECT_EQ(posted(), Names{});
+    EXPECT_EQ(outlets_._foldersList.numberOfRows(), 1U) << "it stays changed here";
+    pane_->didUnselect();
+    EXPECT_EQ(posted(), Names{"hint 2"});
 }
 
 TEST_F(ThePanel, SaysWhenSettingsAreInUseOrUnreadable) {

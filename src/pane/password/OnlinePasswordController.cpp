@@ -148,12 +148,14 @@ void OnlinePasswordController::accept() {
 void OnlinePasswordController::storeRemembered() {
     _settings.setAskForPassword(false);
     auto settings = std::make_shared<orvAgentSettings>(_settings);
-    auto isStored = std::make_shared<bool>(false);
-    environment_.background.perform([settings, isStored] { *isStored = settings->store(); },
-                                    [isStored] {
-                                        if (*isStored)
-                                            NotifyAgentSettingsChanged("1", HintAgentSettings);
-                                    });
+    environment_.background.perform(
+        [settings] {
+            static_cast<void>(settings->load());  // what others wrote meanwhile stays
+            settings->setAskForPassword(false);
+            if (settings->store()) return NotifyAgentSettingsChanged("1", HintAgentSettings);
+            quelm::LogWarning("The settings cannot be stored: the password is asked for again.");
+        },
+        {});
 }
 
 void OnlinePasswordController::receiveError() {
