@@ -221,6 +221,31 @@ TEST_F(ThePanel, ShowsFoldersWithTheirStatesAndRemovesThem) {
     EXPECT_EQ(workspace_->openedPaths, Names{"/Volumes/Away/pictures"});
 }
 
+TEST_F(ThePanel, KeepsFoldersSelectedNotRows) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"policy_backup", 0}}));
+    storeSelection({"/b", "/c"});
+    start();
+    outlets_._foldersList.selectRows({1});
+    ASSERT_TRUE(StoreArrayToFile(folder_ / "storage_info.plist",
+                                 quelm::Array{quelm::Array{"/a", true}, quelm::Array{"/b", true},
+                                              quelm::Array{"/c", true}}));
+    announce({{"hint", 0x2}});
+    ASSERT_EQ(outlets_._foldersList.numberOfRows(), 3U);
+    EXPECT_EQ(outlets_._foldersList.selectedRows(), std::set<std::size_t>{2});
+
+    held_.held = true;
+    announce({{"hint", 0x2}});  // begins to look at all three
+    outlets_._removeFolderButton.performClick();
+    answer(1);
+    EXPECT_EQ(outlets_._foldersList.numberOfRows(), 2U);
+    std::vector<std::size_t> rows;
+    outlets_._foldersList.observe([&] { rows.push_back(outlets_._foldersList.numberOfRows()); });
+    held_.release();
+    outlets_._foldersList.observe({});
+    EXPECT_EQ(std::ranges::count(rows, 3U), 0) << "what is removed does not come back";
+}
+
 TEST_F(ThePanel, FollowsTheHintsOfItsSettings) {
     start();
     ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
