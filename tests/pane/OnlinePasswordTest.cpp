@@ -217,13 +217,17 @@ TEST_F(TheOnlinePassword, TellsOfAServiceThatDoesNotAnswerAndStays) {
 }
 
 TEST_F(TheOnlinePassword, CanBeCancelledAtAnyTime) {
-    const std::vector<std::pair<const char*, std::function<void()>>> ways = {
+    struct Way {
+        const char* name;
+        std::function<void()> end;
+    };
+    const std::vector<Way> ways = {
         {"button", [this] { shown()._cancelButton.performClick(); }},
         {"window", [this] { shown()._enterPasswordWindow.performClose(); }},
         {"owner", [this] { controller_.reset(); }},
     };
-    for (const auto& [name, end] : ways) {
-        SCOPED_TRACE(name);
+    for (const Way& way : ways) {
+        SCOPED_TRACE(way.name);
         makeController();
         const std::size_t before = silenceAsked();
         std::chrono::steady_clock::time_point ended;
@@ -231,7 +235,7 @@ TEST_F(TheOnlinePassword, CanBeCancelledAtAnyTime) {
                             {[&] { return silenceAsked() > before; },
                              [&] {
                                  ended = std::chrono::steady_clock::now();
-                                 end();
+                                 way.end();
                              }}}));
         EXPECT_LT(std::chrono::steady_clock::now() - ended, 2s) << "the request has 30";
         controller_.reset();
@@ -274,26 +278,26 @@ TEST_F(TheOnlinePassword, IsNotAskedForAgainIfThePersonAndThePolicyAgree) {
                              {"not ticked", false, false, false, false},
                              {"disabled", true, true, false, false},
                              {"locked by policy", true, false, true, false}});
-    for (const auto& [what, isTicked, isDisabled, isLocked, isStored] : cases) {
-        SCOPED_TRACE(what);
-        useRecord({{"policy_agent_config_locked", isLocked}});
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        useRecord({{"policy_agent_config_locked", each.isLocked}});
         makeController();
-        if (isDisabled) controller_->disableRememberPassword();
+        if (each.isDisabled) controller_->disableRememberPassword();
         const std::size_t before = center_->posted().size();
-        const auto tick = look([this, isTicked, isDisabled, isLocked] {
-            EXPECT_EQ(shown()._rememberPassword.isEnabled(), !isDisabled && !isLocked);
-            EXPECT_EQ(shown()._rememberPassword.isOn(), isDisabled);
-            shown()._rememberPassword.setOn(isTicked);
+        const auto tick = look([this, each] {
+            EXPECT_EQ(shown()._rememberPassword.isEnabled(), !each.isDisabled && !each.isLocked);
+            EXPECT_EQ(shown()._rememberPassword.isOn(), each.isDisabled);
+            shown()._rememberPassword.setOn(each.isTicked);
         });
         EXPECT_TRUE(check({tick, enter("right")}));
         controller_.reset();
         finishBackground();
         const auto record = LoadPropertiesFromFile(folder_ / "user_info.plist");
         ASSERT_TRUE(record && record->asDictionary());
-        EXPECT_EQ(*record->asDictionary()->find("ask_for_password"), quelm::Value(!isStored));
+        EXPECT_EQ(*record->asDictionary()->find("ask_for_password"), quelm::Value(!each.isStored));
         const auto posted = center_->posted();
-        ASSERT_EQ(posted.size() - before, isStored ? 1U : 0U);
-        if (!isStored) continue;
+        ASSERT_EQ(posted.size() - before, each.isStored ? 1U : 0U);
+        if (!each.isStored) continue;
         EXPECT_EQ(posted.back().name, notifications::settingsChanged);
         EXPECT_EQ(posted.back().payload, (Dictionary{{"agent-id", "1"}, {"hint", 0x4000}}));
     }

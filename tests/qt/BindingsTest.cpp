@@ -118,6 +118,9 @@ TEST_F(BindingsTest, LinksAreFollowedByMouseAndKeyboard) {
     EXPECT_EQ(opened, (std::vector<std::string>{"orv:fix?a=1&b=<\">"}));
     QTest::mouseClick(&label, Qt::LeftButton, {}, {label.width() - 20, label.height() / 2});
     EXPECT_EQ(opened.size(), 2U);
+    outlet.setStringValue("no link any more");
+    updates.flush();
+    EXPECT_FALSE(label.hasFocus());
 }
 
 TEST_F(BindingsTest, ALineIsEditedFromBothSides) {

@@ -72,6 +72,13 @@ void SampleOutlets::fillProjects() {
         {state, {{15, 16, "orv:fixPermissionViolationsWindow", "#e51937"}}});
     pane._projectsStatusImage.setImageName("permissionViolation");
     pane._projectsStatusImage.setDescription("Needs attention");
+    projects.rows = {{{"name", "Harbour bridge"},
+                      {"path", "/home/anna/Tidewell Projects/Harbour bridge"},
+                      {"content", "812 files (862.5 MB)"}},
+                     {{"name", "Spring catalogue"},
+                      {"path", "/home/anna/Tidewell Projects/Spring catalogue"},
+                      {"content", "96 files (194.9 MB)"}}};
+    pane._projectsTable.setDataSource(&projects);
     pane._activeAdapterText.setStringValue("Wi-Fi (wlp2s0)");
     pane._speedText.setStringValue("Upload 1.8 MB per second, download 12.0 KB per second");
 }
@@ -83,6 +90,8 @@ void SampleOutlets::fillAccount() {
     pane._cellName.setStringValue("Cell: eu-3");
     pane._agentID.setStringValue("90017742");
     pane._hwID.setStringValue("5F2B9E01C44D7A8890ABEEF210037C6D");
+    pane._warningDays.setTitles({"Never", "After a day", "After 3 days", "After a week"});
+    pane._warningDays.selectItemAtIndex(2);
     pane._startOnLoginButton.setOn(true);
     pane._allowRemoteAccess.setHidden(true);
     pane._verifyPasswordButton.setHidden(true);

@@ -34,6 +34,7 @@ struct SampleOutlets {
     SampleOutlets();
 
     SampleRows folders;
+    SampleRows projects;
     SampleRows events;
     orv::PaneOutlets pane;
     orv::OnlinePasswordOutlets password;

@@ -111,9 +111,12 @@ TEST_F(TableBindingTest, ReadsTheDataSourceWhenItDraws) {
     outlet_.reloadData();
     updates.flush();
     EXPECT_EQ(model.rowCount(), 1);
+    table_.setEmptyText(QStringLiteral("Nothing yet"));
+    EXPECT_EQ(table_.accessibleDescription(), QString());
     outlet_.setDataSource(nullptr);
     updates.flush();
     EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(table_.accessibleDescription(), QStringLiteral("Nothing yet"));
 }
 
 TEST_F(TableBindingTest, SelectsFromBothSides) {

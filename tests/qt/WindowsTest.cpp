@@ -105,9 +105,17 @@ TEST_F(WindowsTest, NoTextIsCutInALanguageWithLongerWords) {
         onEachPage(*each, [&](const std::string& page) { expectNothingIsCut(*each, page); });
 }
 
+TEST_F(WindowsTest, NoTextIsCutInTheSmallestWindow) {
+    MainWindow window(context, outlets.pane);
+    window.resize(window.minimumSize());
+    window.show();
+    onEachPage(window, [&](const std::string& page) { expectNothingIsCut(window, page); });
+}
+
 TEST_F(WindowsTest, TabReachesEveryControlInReadingOrder) {
     MainWindow window(context, outlets.pane);
     window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     onEachPage(window, [&](const std::string& page) {
         std::set<const QWidget*> wanted;
         for (const QWidget* widget : shownIn<QWidget>(window)) {
@@ -197,6 +205,22 @@ TEST_F(WindowsTest, HiddenFieldsHideTheirLabels) {
     outlets.pane._agentID.setHidden(true);
     updates.flush();
     EXPECT_TRUE(title->isHidden());
+}
+
+TEST_F(WindowsTest, AHeadingGoesWithTheLastOfWhatItHeads) {
+    MainWindow window(context, outlets.pane);
+    const auto* section = window.findChild<QWidget*>(QStringLiteral("accountSection"));
+    Button* const buttons[] = {&outlets.pane._newAccountButton, &outlets.pane._deleteAccountButton};
+    for (Button* button : buttons) {
+        updates.flush();
+        EXPECT_FALSE(section->isHidden());
+        button->setHidden(true);
+    }
+    updates.flush();
+    EXPECT_TRUE(section->isHidden());
+    buttons[0]->setHidden(false);
+    updates.flush();
+    EXPECT_FALSE(section->isHidden());
 }
 
 TEST_F(WindowsTest, PicturesAreTakenOfEveryTab) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
 #include <utility>
@@ -12,7 +11,7 @@
 
 namespace test_support {
 
-/// Says on a bus what an agent says. What was said has left the process when the call returns.
+/// Says on a bus what an agent says. What was said has left the process when a call returns.
 class AgentVoice {
  public:
     explicit AgentVoice(const std::string& address)
@@ -20,14 +19,19 @@ class AgentVoice {
 
     /// For account "1" unless the payload names another.
     void event(const char* name, quelm::Dictionary payload) {
+        eventLater(name, std::move(payload));
+        EXPECT_TRUE(waitUntilHeard());
+    }
+    void error(const char* message) {
+        post(orv::notifications::agentError, {{orv::keys::message, message}});
+        EXPECT_TRUE(waitUntilHeard());
+    }
+    /// Does not wait.
+    void eventLater(const char* name, quelm::Dictionary payload) {
         payload.set(orv::keys::eventName, name);
         post(orv::notifications::agentEvent, std::move(payload));
     }
-    void status(orv::ConnectionStatus status, std::int64_t since) {
-        post(orv::notifications::connectionStatusChanged,
-             {{orv::keys::status, static_cast<std::int64_t>(status)},
-              {orv::keys::timestamp, since}});
-    }
+    [[nodiscard]] bool waitUntilHeard() { return center_.waitUntilSent(std::chrono::seconds(10)); }
     /// From now on somebody is there for account "1".
     void announce() { center_.announce("com.quelm.client.Agent.account_1"); }
     [[nodiscard]] bool isAgentThere() {
@@ -38,7 +42,6 @@ class AgentVoice {
     void post(const char* notification, quelm::Dictionary payload) {
         if (!payload.find(orv::keys::agentId)) payload.set(orv::keys::agentId, "1");
         center_.post(notification, orv::defaultNotificationObject, payload);
-        EXPECT_TRUE(center_.waitUntilSent(std::chrono::seconds(10)));
     }
 
     ManualRunLoop loop_;

@@ -37,6 +37,7 @@ void LabelText::allowInteraction(bool hasLinks) {
     const Qt::TextInteractionFlags wanted = hasLinks ? interaction_ | links : interaction_;
     if (label_->textInteractionFlags() != wanted) label_->setTextInteractionFlags(wanted);
     label_->setFocusPolicy(hasLinks ? Qt::StrongFocus : focus_);
+    if (label_->focusPolicy() == Qt::NoFocus) label_->clearFocus();
 }
 
 }  // namespace orv

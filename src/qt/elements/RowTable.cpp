@@ -60,6 +60,8 @@ void RowTable::setColumns(std::vector<TableColumn> columns) {
     setModel(rows_);
     setItemDelegate(MakeChild<CellDelegate>(this, rows_->columns()));
     connect(rows_, &QAbstractItemModel::dataChanged, this, &RowTable::fitColumns);
+    connect(rows_, &QAbstractItemModel::rowsInserted, this, &RowTable::tellWhyEmpty);
+    connect(rows_, &QAbstractItemModel::rowsRemoved, this, &RowTable::tellWhyEmpty);
     for (int i = 0; i < rows_->columnCount(); ++i) {
         const bool isRest =
             rows_->columns()[static_cast<std::size_t>(i)].width == ColumnWidth::Rest;
@@ -70,8 +72,16 @@ void RowTable::setColumns(std::vector<TableColumn> columns) {
 
 void RowTable::setEmptyText(const QString& text) {
     emptyText_ = text;
-    setAccessibleDescription(text);
+    tellWhyEmpty();
     viewport()->update();
+}
+
+bool RowTable::isEmpty() const {
+    return !rows_ || rows_->rowCount() == 0;
+}
+
+void RowTable::tellWhyEmpty() {
+    setAccessibleDescription(isEmpty() ? emptyText_ : QString());
 }
 
 /// What is seen decides the widths, however many rows there are; no column takes so much that the
@@ -100,7 +110,7 @@ void RowTable::showEvent(QShowEvent* event) {
 
 void RowTable::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (emptyText_.isEmpty() || (rows_ && rows_->rowCount() > 0)) return;
+    if (!isEmpty()) return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const int margin = spacing::wide;

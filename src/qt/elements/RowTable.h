@@ -33,6 +33,8 @@ class RowTable final : public QTableView {
  private:
     void copySelection() const;
     void fitColumns();
+    void tellWhyEmpty();
+    [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] bool isCut(const QModelIndex& index) const;
 
     OutletTableModel* rows_ = nullptr;

@@ -50,10 +50,6 @@ void drawBox(QPainter& painter, const QRect& rect, const Box& box, qreal radius 
     painter.restore();
 }
 
-bool hasKeyboardFocus(const QStyleOption& option) {
-    return has(option, QStyle::State_HasFocus) && has(option, QStyle::State_KeyboardFocusChange);
-}
-
 Box buttonBox(const QStyleOption& option) {
     const QPalette& palette = option.palette;
     if (!has(option, QStyle::State_Enabled))
@@ -99,6 +95,7 @@ bool IsAccented(const QStyleOption& option) {
 
 void button(const QStyleOption& option, QPainter& painter) {
     drawBox(painter, option.rect, buttonBox(option));
+    if (has(option, QStyle::State_HasFocus)) focus(option, painter);
 }
 
 void flatButton(const QStyleOption& option, QPainter& painter) {
@@ -128,7 +125,7 @@ void comboBox(const QStyleOptionComboBox& option, QPainter& painter) {
     arrow.setLeft(arrow.right() - chevronWidth + 1);
     arrow = QStyle::visualRect(option.direction, option.rect, arrow);
     drawChevron(painter, arrow, option.palette.color(QPalette::PlaceholderText));
-    if (hasKeyboardFocus(option)) focus(option, painter);
+    if (has(option, QStyle::State_HasFocus)) focus(option, painter);
 }
 
 void field(const QStyleOption& option, QPainter& painter) {
@@ -146,12 +143,13 @@ void frame(const QStyleOption& option, QPainter& painter) {
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(inside(option.rect));
     painter.restore();
-    if (hasKeyboardFocus(option)) focus(option, painter);
+    if (has(option, QStyle::State_HasFocus)) focus(option, painter);
 }
 
 void focus(const QStyleOption& option, QPainter& painter) {
     constexpr qreal pen = 2;
-    QColor color = option.palette.color(QPalette::Link);
+    if (!has(option, QStyle::State_KeyboardFocusChange)) return;
+    const QColor color = option.palette.color(QPalette::Link);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, pen));
@@ -205,6 +203,11 @@ void scrollBar(const QStyleOptionSlider& option, QPainter& painter) {
 void tab(const QStyleOption& option, QPainter& painter) {
     constexpr int thick = 3;
     const bool isSelected = has(option, QStyle::State_Selected);
+    if (has(option, QStyle::State_HasFocus)) {
+        QStyleOption ring = option;
+        ring.rect.adjust(spacing::usual, spacing::tight / 2, -spacing::usual, -spacing::tight);
+        focus(ring, painter);
+    }
     if (!isSelected && !has(option, QStyle::State_MouseOver)) return;
     QRect line = option.rect.adjusted(spacing::wide, 0, -spacing::wide, 0);
     line.setTop(line.bottom() - thick + 1);

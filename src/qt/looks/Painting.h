@@ -25,6 +25,7 @@ void checkIndicator(const QStyleOption& option, QPainter& painter);
 void comboBox(const QStyleOptionComboBox& option, QPainter& painter);
 void field(const QStyleOption& option, QPainter& painter);
 void frame(const QStyleOption& option, QPainter& painter);
+/// Only once the person uses the keyboard to get about.
 void focus(const QStyleOption& option, QPainter& painter);
 void scrollBar(const QStyleOptionSlider& option, QPainter& painter);
 /// Where a part of a scroll bar without arrows is.

@@ -1,5 +1,6 @@
 #include "qt/looks/Style.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QStyleOption>
 #include <QTabBar>
@@ -89,6 +90,7 @@ QStyleOptionButton onAccent(const QStyleOptionButton& button) {
 
 QStyleOptionTab onTab(const QStyleOptionTab& tab) {
     QStyleOptionTab copy = tab;
+    copy.state &= ~QStyle::State_HasFocus;  // its shape shows that
     const bool isSelected = tab.state.testFlag(QStyle::State_Selected);
     const QColor text = tab.palette.color(isSelected ? QPalette::Link : QPalette::WindowText);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
@@ -102,6 +104,8 @@ TidewellStyle::TidewellStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void TidewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
+    // of a list, what is selected is what has the focus
+    if (element == PE_FrameFocusRect && qobject_cast<const QAbstractItemView*>(widget)) return;
     const auto row = std::ranges::find(primitives, element, &PrimitiveRow::element);
     if (row == primitives.end()) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -194,7 +198,9 @@ QSize TidewellStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
         case CT_LineEdit:
             return {usual.width() + 2 * spacing::tight, height};
         case CT_ComboBox:
-            return {contents.width() + spacing::cellPadding + painting::chevronWidth, height};
+            return {contents.width() + 2 * spacing::cellPadding + painting::chevronWidth, height};
+        case CT_ItemViewItem:
+            return usual.expandedTo({0, height - spacing::tight / 2});
         case CT_CheckBox:
             return usual + QSize(focusReach, 2);
         case CT_TabBarTab:

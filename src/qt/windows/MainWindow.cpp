@@ -69,6 +69,7 @@ void MainWindow::setUp(const WindowContext& context) {
     ui_->_projectsTable->setColumns(projectColumns());
     ui_->_debugWindow->setColumns(eventColumns());
     PrepareWindow(*this, context);
+    ui_->_tabs->setFocus();
     for (const auto key : {QKeySequence::Close, QKeySequence::Quit}) {
         auto* shortcut = MakeChild<QShortcut>(this, QKeySequence(key));
         connect(shortcut, &QShortcut::activated, this, &QWidget::close);
@@ -133,7 +134,6 @@ void MainWindow::bindAccount(PaneOutlets& outlets) {
     bindings_->bind(outlets._copyDeviceInfoButton, ui_->_copyDeviceInfoButton);
     bindings_->bind(outlets._copyDeviceIDButton, ui_->_copyDeviceIDButton);
     bindings_->bind(outlets._copyLogsButton, ui_->_copyLogsButton);
-    bindings_->bind(outlets._keychainNotice, ui_->_keychainNotice);
     bindings_->bind(outlets._warningDays, ui_->_warningDays);
     bindings_->bind(outlets._startOnLoginButton, ui_->_startOnLoginButton);
     bindings_->bind(outlets._allowRemoteAccess, ui_->_allowRemoteAccess);
