@@ -160,7 +160,11 @@ void OnlinePasswordController::storeRemembered() {
     auto settings = std::make_shared<orvAgentSettings>(_settings);
     auto isStored = std::make_shared<bool>(false);
     environment_.background.perform(
-        [settings, isStored] { *isStored = settings->store(); },
+        [settings, isStored] {
+            static_cast<void>(settings->load());  // what others wrote meanwhile stays
+            settings->setAskForPassword(false);
+            *isStored = settings->store();
+        },
         [isStored, &shown = _settings, &alerts = environment_.alerts] {
             if (*isStored) return NotifyAgentSettingsChanged("1", HintAgentSettings);
             shown.setAskForPassword(true);
