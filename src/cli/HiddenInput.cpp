@@ -1,5 +1,7 @@
 #include "cli/HiddenInput.h"
 
+#include <array>
+#include <csignal>
 #include <fmt/ostream.h>
 #include <ostream>
 #include <termios.h>
@@ -11,24 +13,53 @@ namespace {
 
 constexpr std::size_t longestLine = 1'024;
 
-/// While it lives the terminal, if standard input is one, shows nothing that is typed.
+/// Those with which a person or the session ends the program.
+constexpr auto endings = std::to_array<int>({SIGHUP, SIGINT, SIGQUIT, SIGTERM});
+
+/// As the terminal was, for the signal handler.
+termios settingsBefore = {};
+
+/// The signal does what it always does, once this returns.
+void restoreAndEnd(int number) {
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &settingsBefore);
+    ::raise(number);
+}
+
+/// While it lives the terminal, if standard input is one, shows nothing that is typed; also when
+/// the program is ended meanwhile it is left as it was. One at a time.
 class EchoOff {
  public:
-    EchoOff() : isTerminal_(::tcgetattr(STDIN_FILENO, &before_) == 0) {
+    EchoOff() : isTerminal_(::tcgetattr(STDIN_FILENO, &settingsBefore) == 0) {
         if (!isTerminal_) return;
-        termios quiet = before_;
+        watchEndings();
+        termios quiet = settingsBefore;
         quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        quiet.c_cc[VSUSP] = _POSIX_VDISABLE;  // a shell would get it without echo
         ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
     }
     EchoOff(const EchoOff&) = delete;
     EchoOff& operator=(const EchoOff&) = delete;
     ~EchoOff() {
-        if (isTerminal_) ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+        if (!isTerminal_) return;
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &settingsBefore);
+        for (std::size_t i = 0; i < endings.size(); ++i)
+            ::sigaction(endings[i], &before_[i], nullptr);
     }
     [[nodiscard]] bool isTerminal() const { return isTerminal_; }
 
  private:
-    termios before_ = {};
+    /// A signal that is ignored stays so.
+    void watchEndings() {
+        struct sigaction watched = {};
+        watched.sa_handler = restoreAndEnd;
+        watched.sa_flags = static_cast<int>(SA_RESETHAND);
+        for (std::size_t i = 0; i < endings.size(); ++i) {
+            ::sigaction(endings[i], nullptr, &before_[i]);
+            if (before_[i].sa_handler != SIG_IGN) ::sigaction(endings[i], &watched, nullptr);
+        }
+    }
+
+    std::array<struct sigaction, endings.size()> before_ = {};
     bool isTerminal_;
 };
 
@@ -36,9 +67,9 @@ class EchoOff {
 
 /// Byte by byte, so that nothing behind the line is taken.
 std::optional<std::string> ReadHiddenLine(Console& console, const std::string& question) {
+    const EchoOff echo;
     fmt::print(console.err, "{} ", question);
     console.err.flush();
-    const EchoOff echo;
     std::string line;
     char byte = 0;
     ssize_t count = 0;

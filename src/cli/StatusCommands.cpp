@@ -19,6 +19,7 @@
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "foundation/system/LocalizedString.h"
+#include "foundation/texts/VisibleText.h"
 #include "foundation/threads/Background.h"
 #include "pane/agent/LocalAgentApplication.h"
 #include "pane/folders/FolderTable.h"
@@ -36,13 +37,31 @@ namespace {
 
 using quelm::GetLocalizedString;
 
-constexpr std::chrono::seconds patience(2);
+using namespace std::chrono_literals;
+
+constexpr auto patience = 2s;
 
 /// Null when no bus answers in time.
 platform::DistributedNotificationCenter* connectedBus() {
     const auto& center = platform::ProcessServices().notifications;
     return center && center->waitUntilListening(patience) ? center.get() : nullptr;
 }
+
+bool isAgentThere(platform::DistributedNotificationCenter* bus, const std::string& agentId) {
+    return bus && bus->isAnnounced(AgentPresenceName(agentId), patience);
+}
+
+class SettingsClient final : public AccountList::Client {
+ public:
+    explicit SettingsClient(std::function<void()> changed) : changed_(std::move(changed)) {}
+    void notifyAgentSettings(std::uint32_t hint, const AgentId&) override {
+        if (hint & HintActiveAccount) ClearConfigBasePath();
+        changed_();
+    }
+
+ private:
+    std::function<void()> changed_;
+};
 
 /// The panel's status lines without a panel.
 class StatusViewer {
@@ -85,21 +104,11 @@ class StatusViewer {
     /// For ever, calling `changed` once for all changes that come together.
     void follow(const std::function<void()>& changed) {
         RemoveAgentObserver(record_);
-        View* const views[] = {&shown_._headline,        &shown_._connectionStatus,
-                               &shown_._connectionInfo,  &shown_._connectButton,
-                               &shown_._backupStatus1,   &shown_._backupStatus2,
-                               &shown_._projectsStatus1, &shown_._projectsStatus2};
-        for (View* view : views) {
-            view->observe([this, &changed] {
-                if (std::exchange(isPosted_, true)) return;
-                runLoop_.post([this, &changed] {
-                    isPosted_ = false;
-                    changed();
-                });
-            });
-        }
-        const auto minute =
-            runLoop_.every(std::chrono::seconds(30), [this] { model_.showConnectionStatus(); });
+        observe(changed);
+        const auto settings = std::make_shared<SettingsClient>([this] { settingsChanged(); });
+        accounts_.addClient(settings);
+        const auto clock = runLoop_.every(30s, [this] { model_.showConnectionStatus(); });
+        const auto agentWatch = runLoop_.every(3s, [this] { watchAgent(); });
         runLoop_.runModal();
     }
 
@@ -115,6 +124,38 @@ class StatusViewer {
     }
 
  private:
+    void observe(const std::function<void()>& changed) {
+        View* const views[] = {&shown_._headline,        &shown_._connectionStatus,
+                               &shown_._connectionInfo,  &shown_._connectButton,
+                               &shown_._backupStatus1,   &shown_._backupStatus2,
+                               &shown_._projectsStatus1, &shown_._projectsStatus2};
+        for (View* view : views) {
+            view->observe([this, &changed] {
+                if (std::exchange(isPosted_, true)) return;
+                runLoop_.post([this, &changed] {
+                    isPosted_ = false;
+                    changed();
+                });
+            });
+        }
+    }
+
+    void settingsChanged() {
+        takeSettings();
+        model_.showConnectionStatus();
+        model_.showBackupAndProjectsStatus();
+    }
+
+    /// An agent that was killed says nothing.
+    void watchAgent() {
+        const auto notRunning = static_cast<std::int32_t>(ConnectionStatus::NotRunning);
+        if (model_.progress().status <= static_cast<std::uint32_t>(notRunning) ||
+            isAgentThere(platform::ProcessServices().notifications.get(), agentId()))
+            return;
+        model_.notifyConnectionStatus(
+            notRunning, std::chrono::system_clock::to_time_t(runLoop_.now()), agentId());
+    }
+
     void takeSettings() {
         StatusInputs& inputs = model_.inputs();
         TakeAccountSettings(inputs, accounts_, account_, account_);
@@ -160,10 +201,6 @@ ExitCode sendQueued(Console& console) {
     return Fail(console, ExitCode::Failed,
                 GetLocalizedString("Link.NotSent",
                                    "The session bus is too busy and did not take it. Try again."));
-}
-
-bool isAgentThere(platform::DistributedNotificationCenter* bus, const std::string& agentId) {
-    return bus && bus->isAnnounced(AgentPresenceName(agentId), patience);
 }
 
 /// Prints what differs from what was printed last.
@@ -224,11 +261,14 @@ ExitCode DisconnectAgent(const Arguments&, Console& console) {
 
 ExitCode ShowDeviceInfo(const Arguments&, Console& console) {
     const orvAgentSettings& settings = AccountList::defaultAccountList().defaultConfig();
-    const std::string text = DeviceInfoText(DeviceInfoOf(settings, HardwareIdText()));
+    DeviceInfo info = DeviceInfoOf(settings, HardwareIdText());
     if (console.json) {
-        fmt::print(console.out, "{}\n", ValueAsJson(quelm::Dictionary{{"deviceInfo", text}}));
+        fmt::print(console.out, "{}\n",
+                   ValueAsJson(quelm::Dictionary{{"deviceInfo", DeviceInfoText(info)}}));
     } else {
-        fmt::print(console.out, "{}", text);
+        for (std::string* text : {&info.accountId, &info.cellName, &info.deviceId})
+            *text = quelm::VisibleText(*text);
+        fmt::print(console.out, "{}", DeviceInfoText(info));
     }
     return ExitCode::Done;
 }

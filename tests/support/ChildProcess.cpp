@@ -34,16 +34,26 @@ std::vector<std::string> environmentWith(const ChildProcess::Setup& setup) {
     return variables;
 }
 
+struct Streams {
+    int input;
+    int output;
+    int error;
+};
+
 /// In the child, where other threads may have held any lock: system calls only.
-[[noreturn]] void become(char* const* words, char* const* environment, int input, int output,
+[[noreturn]] void become(char* const* words, char* const* environment, const Streams& streams,
                          pid_t parent) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) ::_exit(127);
-    ::dup2(input, STDIN_FILENO);
-    ::dup2(output, STDOUT_FILENO);
-    ::dup2(output, STDERR_FILENO);
+    ::dup2(streams.input, STDIN_FILENO);
+    ::dup2(streams.output, STDOUT_FILENO);
+    ::dup2(streams.error, STDERR_FILENO);
     ::execve(words[0], words, environment);
     ::_exit(127);
+}
+
+int openToWrite(const std::string& path) {
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
 }
 
 }  // namespace
@@ -58,12 +68,14 @@ bool ChildProcess::start(const Setup& setup) {
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) return false;
     const platform::FileDescriptor readEnd(ends[0]);
     const platform::FileDescriptor writeEnd(ends[1]);
-    const platform::FileDescriptor output(
-        ::open(setup.outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    const platform::FileDescriptor output(openToWrite(setup.outputFile));
+    const platform::FileDescriptor error(setup.errorFile.empty() ? -1
+                                                                 : openToWrite(setup.errorFile));
     const pid_t parent = ::getpid();
     pid_ = ::fork();
     if (pid_ == 0) {
-        become(wordPointers.data(), variablePointers.data(), readEnd.get(), output.get(), parent);
+        become(wordPointers.data(), variablePointers.data(),
+               {readEnd.get(), output.get(), error ? error.get() : output.get()}, parent);
     }
     // short enough for the pipe to take it at once
     const auto written = ::write(writeEnd.get(), setup.input.data(), setup.input.size());

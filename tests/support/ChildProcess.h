@@ -21,8 +21,9 @@ class ChildProcess {
         std::vector<std::pair<std::string, std::string>> environment = {};
         /// What it reads from standard input before the end of file.
         std::string input = {};
-        /// The file that takes what it prints, errors too.
+        /// The file that takes what it prints, errors too unless they have one of their own.
         std::string outputFile = "/dev/null";
+        std::string errorFile = {};
     };
 
     ChildProcess() = default;

@@ -54,6 +54,7 @@ OnlinePasswordController::OnlinePasswordController(const Environment& environmen
 }
 
 OnlinePasswordController::~OnlinePasswordController() {
+    endWith(cancelled);
     environment_.windows.release(outlets_);
 }
 
@@ -78,7 +79,10 @@ bool OnlinePasswordController::checkPassword() {
     environment_.windows.activate();
     environment_.windows.showOnlinePassword(outlets_);
     outlets_._enterPasswordWindow.orderFront();
-    return environment_.runLoop.runModal() == succeeded;
+    const std::weak_ptr life(life_);
+    const bool isAccepted = environment_.runLoop.runModal() == succeeded;
+    if (!life.expired()) isOpen_ = false;  // also when the whole program ends
+    return isAccepted;
 }
 
 void OnlinePasswordController::okButtonPressed() {

@@ -32,6 +32,7 @@ class OnlinePasswordController {
     OnlinePasswordController(const Environment& environment, Account* account);
     OnlinePasswordController(const OnlinePasswordController&) = delete;
     OnlinePasswordController& operator=(const OnlinePasswordController&) = delete;
+    /// A check that is under way ends as if it was cancelled.
     ~OnlinePasswordController();
 
     /// The check always asks again next time.

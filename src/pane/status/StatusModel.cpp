@@ -148,7 +148,9 @@ void StatusModel::showHeadline() {
 }
 
 void StatusModel::showNetwork() {
-    outlets_._activeAdapterText.setStringValue(ActiveAdapterName(progress_));
+    outlets_._activeAdapterText.setStringValue(
+        progress_.activeAdapter.empty() ? GetLocalizedString("Bandwidth.Unknown", "Not known yet")
+                                        : progress_.activeAdapter);
     outlets_._speedText.setStringValue(
         FormatLocalizedString("Bandwidth.Speeds", "Sending %@, receiving %@ per second",
                               {orv::FileSizeString(progress_.uploadSpeed),
