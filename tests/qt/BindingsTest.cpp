@@ -64,7 +64,6 @@ TEST(FrameUpdates, SurvivesBindingsThatComeAndGoWhileItApplies) {
 class BindingsTest : public test_support::WindowTest {
  protected:
     QWidget window_;
-    Bindings bindings_{context, window_};
 };
 
 TEST_F(BindingsTest, WidgetsAreHiddenEnabledAndExplainedAsTheirOutlets) {
@@ -72,7 +71,8 @@ TEST_F(BindingsTest, WidgetsAreHiddenEnabledAndExplainedAsTheirOutlets) {
     Button outlet;
     outlet.setTitle("Go");
     outlet.setHidden(true);
-    bindings_.bind(outlet, &button);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &button);
     EXPECT_TRUE(button.isHidden());
     outlet.setHidden(false);
     outlet.setEnabled(false);
@@ -87,7 +87,8 @@ TEST_F(BindingsTest, WidgetsAreHiddenEnabledAndExplainedAsTheirOutlets) {
 TEST_F(BindingsTest, TextsAreShownAsTheyAre) {
     QLabel label(&window_);
     TextField outlet;
-    bindings_.bind(outlet, &label);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &label);
     for (const std::string text : {"<b>Q&A</b> &amp; <img src='file:///etc/passwd'>", "a\nb", ""}) {
         outlet.setStringValue(text);
         updates.flush();
@@ -104,7 +105,8 @@ TEST_F(BindingsTest, LinksAreFollowedByMouseAndKeyboard) {
     QLineEdit before(&window_);
     TextLabel label(&window_);
     TextField outlet;
-    bindings_.bind(outlet, &label);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &label);
     outlet.setText({"<b>2</b> & (1 violation)", {{14, 9, "orv:fix?a=1&b=<\">", "#e51937"}}});
     updates.flush();
     EXPECT_TRUE(label.text().contains(QStringLiteral("&lt;b&gt;2&lt;/b&gt; &amp; (")));
@@ -127,7 +129,8 @@ TEST_F(BindingsTest, ALineIsEditedFromBothSides) {
     QLineEdit edit(&window_);
     TextField outlet;
     outlet.setStringValue("old");
-    bindings_.bind(outlet, &edit);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &edit);
     EXPECT_EQ(edit.text(), QStringLiteral("old"));
     QTest::keyClicks(&edit, QStringLiteral("er"));
     EXPECT_EQ(outlet.stringValue(), "older");
@@ -143,7 +146,8 @@ TEST_F(BindingsTest, ALineIsEditedFromBothSides) {
 TEST_F(BindingsTest, AClickPerformsTheActionAndTheOutletHasTheLastWord) {
     QCheckBox box(QStringLiteral("Team & policy"), &window_);
     CheckBox outlet;
-    bindings_.bind(outlet, &box);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &box);
     EXPECT_EQ(outlet.title(), "Team & policy") << "of the interface file";
     int clicks = 0;
     outlet.setAction([&] { ++clicks; });
@@ -169,7 +173,8 @@ TEST_F(BindingsTest, APopUpIsChosenFromBothSidesAndHidesWithoutAChoice) {
     box.setProperty("hiddenWithOneItem", true);
     PopUpButton outlet;
     outlet.setTitles({"A & B"});
-    bindings_.bind(outlet, &box);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &box);
     EXPECT_TRUE(box.isHidden());
     outlet.setTitles({"A & B", "C"});
     outlet.selectItemAtIndex(1);
@@ -188,7 +193,8 @@ TEST_F(BindingsTest, ImagesSayWhatTheyShow) {
     ImageLabel label(&window_);
     label.setMinimumSize(16, 16);
     ImageView outlet;
-    bindings_.bind(outlet, &label);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &label);
     outlet.setImageName("in-sync");
     outlet.setDescription("Up to date");
     updates.flush();
@@ -204,7 +210,8 @@ TEST_F(BindingsTest, ImagesSayWhatTheyShow) {
 TEST_F(BindingsTest, ANoticeStaysAwayUntilItSaysSomethingElse) {
     NoticeStrip strip(&window_);
     TextField outlet;
-    bindings_.bind(outlet, &strip);
+    Bindings bindings(context, window_);
+    bindings.bind(outlet, &strip);
     EXPECT_TRUE(strip.isHidden());
     outlet.setStringValue("damaged");
     updates.flush();

@@ -40,8 +40,8 @@ class TabBindingTest : public test_support::WindowTest {
 
     QWidget window_;
     QTabWidget tabs_{&window_};
-    Bindings bindings_{context, window_};
     TabView outlet_;
+    Bindings bindings_{context, window_};
 };
 
 TEST_F(TabBindingTest, FollowsTheOutletsOrderAndKeepsPagesThatAreAway) {

@@ -107,7 +107,8 @@ std::vector<Titled> titledIn(QWidget& window) {
     std::erase_if(all, [&window](const Titled& each) {
         return each.widget->window() != &window || PlainTitle(*each.widget).isEmpty();
     });
-    std::ranges::stable_partition(all, [](const Titled& each) { return each.page == nullptr; });
+    std::stable_partition(all.begin(), all.end(),
+                          [](const Titled& each) { return each.page == nullptr; });
     return all;
 }
 
