@@ -60,7 +60,7 @@ void orvPreferencePane::registerAgentEvents() {
 }
 
 void orvPreferencePane::notifyAgentSettings(std::uint32_t hint, const AgentId& /*agentId*/) {
-    if (hint & HintActiveAccount) followActiveConfiguration();
+    if (hint & HintActiveAccount) activeConfiguration_.ask();
     recordsReloaded();
     if (listedAccounts_.size() != environment_.accounts.count()) updateAccountsButton();
     if (hint & (HintAgentSettings | HintAccountRecord)) {

@@ -55,13 +55,14 @@ void orvPreferencePane::loadHistory() {
 }
 
 /// The path in use holds until the new one is known, which waits for a file.
-void orvPreferencePane::followActiveConfiguration() {
+void orvPreferencePane::startFollowing() {
     auto path = std::make_shared<std::string>();
     environment_.background.perform([path] { *path = ResolveConfigBasePath(); },
                                     [this, life = std::weak_ptr(life_), path] {
                                         if (life.expired()) return;
                                         SetConfigBasePath(*path);
                                         loadStorageSettings();
+                                        activeConfiguration_.finished();
                                     });
 }
 

@@ -116,7 +116,7 @@ class orvPreferencePane {
     void startReload();
     void recordsReloaded();
     void loadHistory();
-    void followActiveConfiguration();
+    void startFollowing();
     void startHealthCheck();
     void checkKeychain();
     void checkBus();
@@ -179,6 +179,7 @@ class orvPreferencePane {
     quelm::OneAtATime reload_{[this] { startReload(); }};
     /// What to show anew after the next reload.
     unsigned reloadedParts_ = 0;
+    quelm::OneAtATime activeConfiguration_{[this] { startFollowing(); }};
     quelm::OneAtATime healthCheck_{[this] { startHealthCheck(); }};
     DeviceInfo deviceInfo_;
     std::int64_t _quota = 0;

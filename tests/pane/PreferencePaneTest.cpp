@@ -179,9 +179,11 @@ TEST_F(ThePanel, QueuesNoMoreWorkHoweverMuchIsAnnounced) {
         own("storage_folders", {});
         own("storage_quota", {});
         announce({{"hint", 0x2}});
+        announce({{"agent-id", "../7"}});  // which names every bit
     }
     EXPECT_LT(held_.waiting(), 10U);
     held_.release();
+    EXPECT_EQ(GetConfigurationPath(), folder_ / "Library/Preferences/com.corvanta.orv");
 }
 
 TEST_F(ThePanel, SaysWhenSettingsAreInUseOrUnreadable) {
