@@ -165,22 +165,22 @@ void AccountList::notifyAgentSettings(std::uint32_t hint, const AgentId& agentId
     const std::string id = isDefault ? "1" : *agentId;
     Account* account = accountForAgentID(id);
     if (!account && (isDefault || IsAccountId(id))) {
-        const std::string folder = isDefault ? defaultConfigPath() : pathForAgentID(id);
-        processPath(folder);
-        if (background_ && quelm::IsFolder(folder)) account = accountForAgentID(id);
+        processPath(isDefault ? defaultConfigPath() : pathForAgentID(id));
+        if (background_) account = accountForAgentID(id);
     }
     if (!account) return notifyAgentSettingsChanged(hint, agentId);
     const auto [waiting, isFirst] = announced_.try_emplace(account);
     if (isFirst) return readAnnounced(*account, {hint, agentId});
-    waiting->second = {waiting->second.hint | hint, agentId};
+    const std::uint32_t before = waiting->second ? waiting->second->hint : 0;
+    waiting->second = {before | hint, agentId};
 }
 
 /// And again while more is announced, which may be newer than what was read.
 void AccountList::readAnnounced(Account& account, const Announced& announced) {
     reload(account, [this, &account, announced] {
         notifyAgentSettingsChanged(announced.hint, announced.agentId);
-        const Announced next = std::exchange(announced_[&account], {});
-        if (next.hint != 0) return readAnnounced(account, next);
+        const auto next = std::exchange(announced_[&account], std::nullopt);
+        if (next) return readAnnounced(account, *next);
         announced_.erase(&account);
     });
 }
@@ -190,13 +190,22 @@ void AccountList::reload(Account& account, std::function<void()> done) {
         account.loadSettings();
         return done();
     }
-    auto records = std::make_shared<AccountRecords>(account.records());
-    background_->perform([records] { records->load(); },
-                         [life = std::weak_ptr(life_), &account, records, done = std::move(done)] {
-                             if (life.expired()) return;
-                             account.adoptSettings(std::move(*records));
-                             done();
-                         });
+    struct Read {
+        AccountRecords records;
+        /// An account without a folder does not become valid.
+        bool isThere = false;
+    };
+    auto read = std::make_shared<Read>(Read{account.records()});
+    background_->perform(
+        [read, folder = account.accountFolderPath()] {
+            read->isThere = quelm::IsFolder(folder);
+            read->records.load();
+        },
+        [life = std::weak_ptr(life_), &account, read, done = std::move(done)] {
+            if (life.expired()) return;
+            if (read->isThere || account.isValid()) account.adoptSettings(std::move(read->records));
+            done();
+        });
 }
 
 void AccountList::notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId) {

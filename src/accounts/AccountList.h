@@ -59,8 +59,6 @@ class AccountList {
     void processPath(const std::string& folder);
     /// Reads the account's settings anew and passes the hint on; with a background later, and then
     /// once for all hints that came while it read.
-    /// Reads the account's settings anew and passes the hint on; with a background later, and then
-    /// once for all hints that came while it read.
     void notifyAgentSettings(std::uint32_t hint, const AgentId& agentId);
     void notifyAgentSettingsChanged(std::uint32_t hint, const AgentId& agentId);
     /// Reads the account's files anew and then calls `done`, on the main thread; at once without a
@@ -126,7 +124,7 @@ class AccountList {
     /// Null: everything is read at once.
     quelm::Background* background_ = nullptr;
     /// By account, while its settings are read: what came meanwhile.
-    std::map<const Account*, Announced> announced_;
+    std::map<const Account*, std::optional<Announced>> announced_;
     /// Gone when the list is.
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };

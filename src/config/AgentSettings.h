@@ -301,4 +301,9 @@ class orvAgentSettings {
     std::string _password;
 };
 
+/// Looks up the names of this computer and its user, which stand in for settings that are missing,
+/// once for this process. Without it the first getter that needs one does, and may wait for the
+/// disk or the directory of users. Any thread.
+void LookUpComputerDefaults();
+
 }  // namespace orv

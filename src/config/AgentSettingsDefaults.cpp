@@ -48,6 +48,16 @@ constexpr auto projectFolderForms = std::to_array<ProjectFolderForm>({
     {false, false, "%1$@ (%2$@-%3$@)"},
 });
 
+struct OfThisComputer {
+    std::string computerName = quelm::GetComputerName();
+    std::string loginName = quelm::GetLoginName();
+};
+
+const OfThisComputer& ofThisComputer() {
+    static const OfThisComputer names;
+    return names;
+}
+
 std::string branded(const std::string& text) {
     const auto& hook = ProcessAgentSettingsHooks().brand;
     return hook ? hook(text) : text;
@@ -61,6 +71,10 @@ std::string inFolderName(std::string text) {
 
 }  // namespace
 
+void LookUpComputerDefaults() {
+    static_cast<void>(ofThisComputer());
+}
+
 std::string orvAgentSettings::computed(TextDefault fallback) const {
     switch (fallback) {
         case TextDefault::Empty:
@@ -70,9 +84,9 @@ std::string orvAgentSettings::computed(TextDefault fallback) const {
         case TextDefault::Label:
             return branded(productLabel);
         case TextDefault::ComputerName:
-            return quelm::GetComputerName();
+            return ofThisComputer().computerName;
         case TextDefault::LoginName:
-            return quelm::GetLoginName();
+            return ofThisComputer().loginName;
         case TextDefault::UserName:
             return userName();
         case TextDefault::ProjectFolder:

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstring>
 #include <fmt/format.h>
+#include <mutex>
 #include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 #include "config/AccountId.h"
@@ -24,6 +26,7 @@ std::string AgentID;
 
 namespace {
 
+std::mutex basePathMutex;  // for what follows
 std::string ConfigBasePath;
 
 void seedAccountFolder(const quelm::Array& accounts, std::size_t row, const std::string& label,
@@ -66,7 +69,24 @@ std::optional<std::string> activeAccountFolder() {
     return folder;
 }
 
-std::string resolveBasePath() {
+std::string knownBasePath() {
+    const std::lock_guard lock(basePathMutex);
+    return ConfigBasePath;
+}
+
+/// Resolves without the lock, for which the main thread may wait.
+std::string basePath() {
+    std::string path = knownBasePath();
+    if (!path.empty()) return path;
+    std::string resolved = ResolveConfigBasePath();
+    const std::lock_guard lock(basePathMutex);
+    if (ConfigBasePath.empty()) ConfigBasePath = std::move(resolved);
+    return ConfigBasePath;
+}
+
+}  // namespace
+
+std::string ResolveConfigBasePath() {
     std::string path =
         activeAccountFolder().value_or(quelm::ExpandTildeInPath(locations::defaultConfiguration));
     if (!AgentID.empty() && AgentID != "1")
@@ -74,18 +94,16 @@ std::string resolveBasePath() {
     return path;
 }
 
-}  // namespace
-
 void SetConfigBasePath(const std::string& path) {
+    const std::lock_guard lock(basePathMutex);
     ConfigBasePath = path;
 }
 void ClearConfigBasePath() {
-    ConfigBasePath.clear();
+    SetConfigBasePath({});
 }
 
 std::string GetConfigurationPath(const char* fileName) {
-    if (ConfigBasePath.empty()) ConfigBasePath = resolveBasePath();
-    return fileName != nullptr ? ConfigBasePath + "/" + fileName : ConfigBasePath;
+    return fileName != nullptr ? basePath() + "/" + fileName : basePath();
 }
 
 std::string& GetConfigurationPath(std::string& path, const char* fileName) {

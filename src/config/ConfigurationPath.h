@@ -7,16 +7,20 @@
 namespace orv {
 
 // The configuration base path: the folder of the active account, without a "/" at its end. It is
-// resolved on first use and kept until it is cleared. Main thread only.
+// resolved on first use and kept until it is cleared. Any thread.
 
 /// The account that this process serves. Empty and "1" mean the active account's own folder; any
 /// other id a folder "account_ID" in it. Set before the first path is asked for.
 extern std::string AgentID;
 
+/// The base path as the list of accounts has it now. Waits for that file.
+[[nodiscard]] std::string ResolveConfigBasePath();
+
 /// Replaces the base path.
 void SetConfigBasePath(const std::string& path);
 
-/// Makes the next request resolve the base path again: the active account has changed.
+/// Makes the next request resolve the base path again, and wait for that: the active account has
+/// changed.
 void ClearConfigBasePath();
 
 /// The path of a file in the base path; the base path itself for null.

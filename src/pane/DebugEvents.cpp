@@ -20,16 +20,20 @@ std::string timeText(platform::RunLoop::TimePoint when) {
 }
 
 /// In bytes; an event may carry a whole list.
-constexpr std::size_t longestPayload = 500;
+constexpr std::size_t longestText = 500;
+
+std::string shownText(const std::string& text) {
+    return quelm::VisibleText(text.substr(0, longestText));
+}
 
 std::string payloadText(const quelm::Dictionary& payload) {
     std::string text;
     for (const auto& [key, value] : payload) {
         if (key == keys::eventName) continue;
         text += (text.empty() ? "" : ", ") + key + "=" + PayloadText(payload, key.c_str());
-        if (text.size() > longestPayload) return quelm::VisibleText(text.substr(0, longestPayload));
+        if (text.size() > longestText) break;
     }
-    return quelm::VisibleText(text);
+    return shownText(text);
 }
 
 }  // namespace
@@ -51,7 +55,7 @@ void DebugEvents::setListening(bool isListening) {
     }
     ObserveAgentEvent(record_, [this](const AgentId&, const std::string& name,
                                       const quelm::Dictionary& received) {
-        events_.push_front({runLoop_.now(), name, received});
+        events_.push_front({runLoop_.now(), shownText(name), payloadText(received)});
         if (events_.size() > kept) events_.pop_back();
         table_.reloadData();
     });
@@ -62,8 +66,8 @@ std::optional<std::string> DebugEvents::objectValue(const TableView& table, std:
     if (&table != &table_ || row >= events_.size()) return std::nullopt;
     const Event& shown = events_[row];
     if (column == time) return timeText(shown.when);
-    if (column == event) return quelm::VisibleText(shown.name);
-    if (column == payload) return payloadText(shown.payload);
+    if (column == event) return shown.name;
+    if (column == payload) return shown.payload;
     return std::nullopt;
 }
 

@@ -40,7 +40,7 @@ class DebugEvents final : public TableDataSource {
     struct Event {
         platform::RunLoop::TimePoint when;
         std::string name;
-        quelm::Dictionary payload;
+        std::string payload;
     };
 
     TableView& table_;

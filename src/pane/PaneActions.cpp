@@ -4,7 +4,6 @@
 #include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
 #include "pane/PreferencePane.h"
-#include "pane/account/AccountDeletion.h"
 #include "pane/password/OnlinePasswordController.h"
 #include "pane/settings/WarningDays.h"
 #include "support/ApplicationNames.h"
@@ -22,10 +21,9 @@ constexpr std::chrono::seconds answerPatience(3);
 
 }  // namespace
 
-void orvPreferencePane::wireActions() {
-    status_.setConnectActions([this] { connect(); }, [this] { disconnect(); });
+std::vector<std::pair<Button*, orvPreferencePane::Action>> orvPreferencePane::buttonActions() {
     using Pane = orvPreferencePane;
-    const std::pair<Button*, void (Pane::*)()> buttons[] = {
+    return {
         {&outlets_._startOnLoginButton, &Pane::startOnLoginClicked},
         {&outlets_._allowRemoteAccess, &Pane::allowRemoteAccessClicked},
         {&outlets_._verifyPasswordButton, &Pane::verifyPasswordButtonChanged},
@@ -41,13 +39,27 @@ void orvPreferencePane::wireActions() {
         {&outlets_._advancedSettings, &Pane::advancedSettings},
         {&outlets_._deleteAccountButton, &Pane::deleteAccountClicked},
     };
-    for (const auto& [button, action] : buttons)
-        button->setAction([this, action] { (this->*action)(); });
+}
+
+void orvPreferencePane::wireActions() {
+    status_.setConnectActions([this] { connect(); }, [this] { disconnect(); });
+    for (const auto& [button, action] : buttonActions())
+        button->setAction([this, action = action] { (this->*action)(); });
     outlets_._accountsButton.setAction([this] { accountChosen(); });
     outlets_._warningDays.setAction([this] { warningDaysChosen(); });
     outlets_._backupPolicyButton.setTitle(GetLocalizedString(
         "PrefPane.PolicyControlsBackup", "Let the policy of my team choose what is backed up"));
     outlets_._foldersList.setSelectionDidChange([this] { updateFolderButtons(); });
+}
+
+/// The outlets outlive the panel, and so may the widgets.
+void orvPreferencePane::unwireActions() {
+    for (const auto& [button, action] : buttonActions())
+        button->setAction({});
+    outlets_._accountsButton.setAction({});
+    outlets_._warningDays.setAction({});
+    outlets_._foldersList.setSelectionDidChange({});
+    outlets_._tabs.setDelegate({});
 }
 
 /// Nothing leads to windows and programs that are not there.
@@ -90,6 +102,7 @@ void orvPreferencePane::verifyPasswordButtonChanged() {
             _activeAccount);
         controller.disableRememberPassword();
         if (!controller.checkPassword()) return outlets_._verifyPasswordButton.setOn(true);
+        outlets_._verifyPasswordButton.setOn(false);  // settings were perhaps shown meanwhile
     }
     settings_.change(
         0x2000, [isOn](AccountRecords& records) { records.agentSettings.setAskForPassword(isOn); });
@@ -142,7 +155,8 @@ void orvPreferencePane::backupPolicyButtonPressed() {
         .style = AlertStyle::Critical,
         .cancelButton = 1};
     tell(alert, [this](int button) {
-        if (button == 0) restorePolicyBackupPaths();
+        updateBackupUI();  // it was perhaps locked meanwhile
+        if (button == 0 && outlets_._backupPolicyButton.isEnabled()) restorePolicyBackupPaths();
         updateBackupUI();
         status_.showBackupStatus();
     });
@@ -177,7 +191,7 @@ void orvPreferencePane::removeFolder() {
           .buttons = {GetLocalizedString("PrefPane.No", "No"),
                       GetLocalizedString("PrefPane.Yes", "Yes")}},
          [this, paths](int button) {
-             if (button == 1) removeFolders(paths);
+             if (button == 1 && mayRemoveFolders()) removeFolders(paths);
          });
 }
 
@@ -187,6 +201,7 @@ void orvPreferencePane::removeFolders(const std::vector<std::string>& paths) {
             records.storageSettings.removeTopLevelPath(path);
     });
     folders_.removeRows(paths);
+    loadStorageSettings();
     updateInputs();
     saveSettings();
 }
@@ -203,9 +218,10 @@ void orvPreferencePane::advancedSettings() {
 }
 
 void orvPreferencePane::accountChosen() {
-    Account* const account =
-        environment_.accounts.accountAtIndex(outlets_._accountsButton.indexOfSelectedItem());
+    const std::size_t index = outlets_._accountsButton.indexOfSelectedItem();
+    Account* const account = index < listedAccounts_.size() ? listedAccounts_[index] : nullptr;
     if (account == _activeAccount || !setActiveAccount(account)) return;
+    loadHistory();
     updateUi();
     showDeviceInfo();
     status_.startDisconnected();
@@ -213,11 +229,13 @@ void orvPreferencePane::accountChosen() {
 }
 
 void orvPreferencePane::warningDaysChosen() {
-    const auto days = WarningDaysOf(agentSettings().backupWarningDays())
-                          .days.at(outlets_._warningDays.indexOfSelectedItem());
-    settings_.change(HintAgentSettings, [days](AccountRecords& records) {
-        records.agentSettings.setBackupWarningDays(days);
-    });
+    const std::size_t index = outlets_._warningDays.indexOfSelectedItem();
+    if (index >= listedWarningDays_.size()) return;
+    settings_.change(HintAgentSettings,
+                     [days = listedWarningDays_[index]](AccountRecords& records) {
+                         records.agentSettings.setBackupWarningDays(days);
+                     });
+    updateWarningDays();
     updateInputs();
     status_.showBackupStatus();
     saveSettings();
@@ -236,25 +254,34 @@ void orvPreferencePane::deleteAccountClicked() {
     }
     environment_.application.askIfRunning(
         [this, life = std::weak_ptr(life_), &account](bool isRunning) {
-            if (life.expired() || isRunning) return;
-            const AccountRemains remains = RemainsOf(account, environment_.accounts);
-            tell(DeletionQuestion(account, remains), [this, &account](int button) {
-                if (button == 1) deleteAccount(account);
-            });
+            if (!life.expired() && !isRunning) askToDelete(account);
         });
 }
 
-void orvPreferencePane::deleteAccount(Account& account) {
-    DeleteAccountData(account, RemainsOf(account, environment_.accounts),
-                      environment_.slowBackground,
-                      [this, life = std::weak_ptr(life_),
-                       agentId = account.agentID()](const std::vector<std::string>& leftOver) {
-                          NotifyAgentSettingsChanged(agentId, HintAccountRecord);
-                          if (life.expired()) return;
-                          const std::size_t index = outlets_._accountsButton.indexOfSelectedItem();
-                          if (index > 0) outlets_._accountsButton.choose(index - 1);
-                          if (!leftOver.empty()) printErrorMessage(LeftOverText(leftOver));
-                      });
+/// Only what was named in the question goes: the settings may change while it stands.
+void orvPreferencePane::askToDelete(Account& account) {
+    const AccountRemains remains = RemainsOf(account, environment_.accounts);
+    tell(DeletionQuestion(account, remains), [this, &account, remains](int button) {
+        if (button != 1) return;
+        if (RemainsOf(account, environment_.accounts) != remains) return askToDelete(account);
+        deleteAccount(account, remains);
+    });
+}
+
+void orvPreferencePane::deleteAccount(Account& account, const AccountRemains& remains) {
+    DeleteAccountData(
+        account, remains, environment_.accounts, environment_.slowBackground,
+        [this, life = std::weak_ptr(life_), &account](const std::vector<std::string>& leftOver) {
+            if (life.expired()) return;
+            selectEntryBefore(account);
+            if (!leftOver.empty()) printErrorMessage(LeftOverText(leftOver));
+        });
+}
+
+/// Unless another was chosen meanwhile.
+void orvPreferencePane::selectEntryBefore(const Account& account) {
+    const std::size_t index = outlets_._accountsButton.indexOfSelectedItem();
+    if (&account == _activeAccount && index > 0) outlets_._accountsButton.choose(index - 1);
 }
 
 }  // namespace orv

@@ -34,6 +34,8 @@ struct PaneEnvironment {
     quelm::WatchedBackground& background;
     /// For the bus and the keychain, which may take their time.
     quelm::Background& slowBackground;
+    /// For looking at the folders to back up, whose volumes may not answer at all.
+    quelm::Background& folderBackground;
     Alerts& alerts;
     Clipboard& clipboard;
     AgentApplication& application;

@@ -1,6 +1,7 @@
+#include <utility>
+
 #include "agentlink/AgentPayload.h"
 #include "agentlink/AgentVocabulary.h"
-#include "config/ConfigurationPath.h"
 #include "foundation/system/LocalizedString.h"
 #include "pane/PreferencePane.h"
 
@@ -9,6 +10,14 @@
 namespace orv {
 
 using quelm::GetLocalizedString;
+
+namespace {
+
+// What is shown anew after a reload.
+constexpr unsigned storageFolders = 1;
+constexpr unsigned storageQuota = 2;
+
+}  // namespace
 
 /// The account list holds its clients weakly.
 class orvPreferencePane::SettingsClient final : public AccountList::Client {
@@ -51,8 +60,9 @@ void orvPreferencePane::registerAgentEvents() {
 }
 
 void orvPreferencePane::notifyAgentSettings(std::uint32_t hint, const AgentId& /*agentId*/) {
-    if (hint & HintActiveAccount) ClearConfigBasePath();
+    if (hint & HintActiveAccount) followActiveConfiguration();
     recordsReloaded();
+    if (listedAccounts_.size() != environment_.accounts.count()) updateAccountsButton();
     if (hint & (HintAgentSettings | HintAccountRecord)) {
         updateUi();
         status_.showConnectionStatus();
@@ -66,14 +76,30 @@ void orvPreferencePane::notifyAgentSettings(std::uint32_t hint, const AgentId& /
 }
 
 void orvPreferencePane::handleStorageFolders() {
-    reloadRecords([this] { loadStorageSettings(); });
+    reloadRecords(storageFolders);
 }
 
 void orvPreferencePane::handleStorageQuota() {
-    reloadRecords([this] {
-        initStorageQuotaSettings();
-        status_.updateQuotaStatus();
-        enableBackup();
+    reloadRecords(storageQuota);
+}
+
+void orvPreferencePane::reloadRecords(unsigned what) {
+    reloadedParts_ |= what;
+    reload_.ask();
+}
+
+void orvPreferencePane::startReload() {
+    environment_.accounts.reload(settingsAccount_, [this, life = std::weak_ptr(life_),
+                                                    what = std::exchange(reloadedParts_, 0U)] {
+        if (life.expired()) return;
+        recordsReloaded();
+        if (what & storageFolders) loadStorageSettings();
+        if (what & storageQuota) {
+            initStorageQuotaSettings();
+            status_.updateQuotaStatus();
+            enableBackup();
+        }
+        reload_.finished();
     });
 }
 

@@ -37,17 +37,32 @@ void orvPreferencePane::loadSettings() {
             outlets_._tabs.select(tabs::backup);
             openSharingWindow();
         });
-    history_.load([this] {
-        status_.inputs().lastComplete = history_.lastComplete();
-        status_.showConnectionStatus();
-    });
     status_.setCompleted([this] {
-        history_.noteComplete(now());
-        status_.inputs().lastComplete = history_.lastComplete();
+        history_->noteComplete(now());
+        status_.inputs().lastComplete = history_->lastComplete();
     });
-    checkHealth();
+    loadHistory();
+    healthCheck_.ask();
     checkKeychain();
     checkBus();
+}
+
+void orvPreferencePane::loadHistory() {
+    history_->load([this] {
+        status_.inputs().lastComplete = history_->lastComplete();
+        status_.showConnectionStatus();
+    });
+}
+
+/// The path in use holds until the new one is known, which waits for a file.
+void orvPreferencePane::followActiveConfiguration() {
+    auto path = std::make_shared<std::string>();
+    environment_.background.perform([path] { *path = ResolveConfigBasePath(); },
+                                    [this, life = std::weak_ptr(life_), path] {
+                                        if (life.expired()) return;
+                                        SetConfigBasePath(*path);
+                                        loadStorageSettings();
+                                    });
 }
 
 void orvPreferencePane::loadStorageSettings() {
@@ -56,11 +71,10 @@ void orvPreferencePane::loadStorageSettings() {
 }
 
 void orvPreferencePane::foldersShown() {
-    BackupSituation& backup = status_.inputs().backup;
-    status_.inputs().offlineVolumes = folders_.offlineVolumes();
-    if (std::exchange(backup.offlineIncomplete, folders_.isOfflineIncomplete()) !=
-        backup.offlineIncomplete)
-        status_.showBackupStatus();
+    StatusInputs& inputs = status_.inputs();
+    inputs.backup.offlineIncomplete = folders_.isOfflineIncomplete();
+    const auto before = std::exchange(inputs.offlineVolumes, folders_.offlineVolumes());
+    if (before != inputs.offlineVolumes) status_.showBackupStatus();
     updateFolderButtons();
 }
 
@@ -72,22 +86,13 @@ void orvPreferencePane::initStorageQuotaSettings() {
     showStorage();
 }
 
-void orvPreferencePane::reloadRecords(std::function<void()> done) {
-    environment_.accounts.reload(settingsAccount_,
-                                 [this, life = std::weak_ptr(life_), done = std::move(done)] {
-                                     if (life.expired()) return;
-                                     recordsReloaded();
-                                     done();
-                                 });
-}
-
 void orvPreferencePane::recordsReloaded() {
     settings_.reapply();
     updateInputs();
-    checkHealth();
+    healthCheck_.ask();
 }
 
-void orvPreferencePane::checkHealth() {
+void orvPreferencePane::startHealthCheck() {
     auto health = std::make_shared<SettingsHealth>();
     environment_.background.perform(
         [health, folder = settingsAccount_.accountFolderPath()] {
@@ -97,6 +102,7 @@ void orvPreferencePane::checkHealth() {
             if (life.expired()) return;
             health_ = std::move(*health);
             showSettingsNotice();
+            healthCheck_.finished();
         });
 }
 
@@ -127,16 +133,18 @@ void orvPreferencePane::checkKeychain() {
 /// Without a bus no agent can be reached, and nothing ever says so.
 void orvPreferencePane::checkBus() {
     auto* const center = environment_.services.notifications.get();
-    busObservation_ = center ? center->observeConnection(
-                                   [this](bool isConnected) { busConnectionChanged(isConnected); })
-                             : nullptr;
+    const auto changed = [this](bool isConnected) {
+        isBusThere_ = isConnected;
+        busConnectionChanged(isConnected);
+    };
+    busObservation_ = center ? center->observeConnection(changed) : nullptr;
     auto isThere = std::make_shared<bool>(false);
     environment_.slowBackground.perform(
         [isThere, center] {
             *isThere = center && center->waitUntilListening(std::chrono::seconds(2));
         },
         [this, life = std::weak_ptr(life_), isThere] {
-            if (!life.expired() && !*isThere) busConnectionChanged(false);
+            if (!life.expired() && !*isThere && !isBusThere_) busConnectionChanged(false);
         });
 }
 
@@ -162,16 +170,24 @@ std::string orvPreferencePane::settingsTitle() const {
     return quelm::FormatLocalizedString("PrefPane.Settings", "%@ Settings", {ApplicationLongName});
 }
 
+/// What fails again and again is told again only when it was read.
 void orvPreferencePane::tell(Alert alert, std::function<void(int button)> answered) {
-    environment_.alerts.show(
-        alert, [life = std::weak_ptr(life_), answered = std::move(answered)](int button) {
-            if (!life.expired() && answered) answered(button);
-        });
+    const std::string key =
+        alert.title + "\n" + alert.message + "\n" + alert.informativeText.value_or("");
+    std::erase_if(openAlerts_, [](const auto& open) { return open.second.expired(); });
+    auto open = std::make_shared<bool>(true);
+    if (!openAlerts_.try_emplace(key, open).second) return;
+    environment_.alerts.show(alert, [this, life = std::weak_ptr(life_), open = std::move(open), key,
+                                     answered = std::move(answered)](int button) {
+        if (life.expired()) return;
+        openAlerts_.erase(key);
+        if (answered) answered(button);
+    });
 }
 
 void orvPreferencePane::printError(const SettingsError& error) {
     printErrorMessage(TextOf(error, paneErrorTexts));
-    checkHealth();
+    healthCheck_.ask();
 }
 
 void orvPreferencePane::printErrorMessage(const std::string& message) {

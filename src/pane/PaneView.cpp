@@ -51,6 +51,7 @@ void orvPreferencePane::updateWarningDays() {
     std::vector<std::string> titles;
     for (const std::int32_t days : choice.days)
         titles.push_back(WarningDaysText(days));
+    listedWarningDays_ = choice.days;
     outlets_._warningDays.setTitles(std::move(titles));
     outlets_._warningDays.selectItemAtIndex(choice.selected);
 }
@@ -66,20 +67,25 @@ void orvPreferencePane::updateBackupUI() {
 }
 
 /// What a policy chose would come back.
+bool orvPreferencePane::mayRemoveFolders() const {
+    const orvAgentSettings& settings = agentSettings();
+    return settings.policyControlsBackup() != 1 && !settings.agentConfigLockedEnabled();
+}
+
 void orvPreferencePane::updateFolderButtons() {
     const bool isChosen = !outlets_._foldersList.selectedRows().empty();
-    const orvAgentSettings& settings = agentSettings();
     outlets_._showInFinderButton.setEnabled(isChosen);
-    outlets_._removeFolderButton.setEnabled(isChosen && settings.policyControlsBackup() != 1 &&
-                                            !settings.agentConfigLockedEnabled());
+    outlets_._removeFolderButton.setEnabled(isChosen && mayRemoveFolders());
 }
 
 /// By their labels; one account needs no choice.
 void orvPreferencePane::updateAccountsButton() {
     std::vector<std::string> titles;
     std::size_t active = 0;
+    listedAccounts_.clear();
     for (std::size_t i = 0; Account* const account = environment_.accounts.accountAtIndex(i); ++i) {
         if (account == _activeAccount) active = i;
+        listedAccounts_.push_back(account);
         titles.push_back(account->agentSettings().configLabel());
     }
     outlets_._accountsButton.setHidden(titles.size() < 2);

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "agentlink/AgentEventQueue.h"
 #include "agentlink/AgentVocabulary.h"
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
@@ -28,6 +29,7 @@ std::unique_ptr<orvPreferencePane> orvPreferencePane::initWithBundle(
     const quelm::Bundle* bundle, PaneOutlets& outlets, const PaneEnvironment& environment) {
     quelm::SetApplicationBundle(bundle);
     LoggerToFile::defaultLogger().redirect(locations::panelLog);
+    LoggerToFile::defaultLogger().checkLogSize();
     Account* const first = environment.accounts.accountAtIndex(0);
     if (!first) {
         quelm::LogError("No valid configuration found at: " + AccountList::defaultConfigPath() +
@@ -47,9 +49,8 @@ orvPreferencePane::orvPreferencePane(PaneOutlets& outlets, const PaneEnvironment
       status_(outlets, *environment.services.runLoop),
       settings_(settings, environment.background,
                 [this](const SettingsError& error) { printError(error); }),
-      folders_(outlets._foldersList, environment.background, [this] { foldersShown(); }),
+      folders_(outlets._foldersList, environment.folderBackground, [this] { foldersShown(); }),
       projectTable_(outlets._projectsTable),
-      history_(settings.accountFolderPath(), environment.background),
       advanced_(settings, settings_, environment.windows),
       debugEvents_(outlets._debugWindow, *environment.services.runLoop) {
     for (const char* identifier :
@@ -59,6 +60,7 @@ orvPreferencePane::orvPreferencePane(PaneOutlets& outlets, const PaneEnvironment
 }
 
 orvPreferencePane::~orvPreferencePane() {
+    unwireActions();
     environment_.background.setTold({});
     environment_.projects.removeClient(this);
     environment_.locks.removeClient(this);
@@ -69,8 +71,12 @@ bool orvPreferencePane::setActiveAccount(Account* account) {
     if (!account) return false;
     _activeAccount = account;
     settings_.setAgentId(account->agentID());
+    if (history_) history_->store();
+    history_ =
+        std::make_unique<BackupHistory>(account->accountFolderPath(), environment_.background);
     status_.inputs().agentId = account->agentID();
-    status_.forgetStatus();
+    status_.inputs().lastComplete.reset();
+    status_.forgetAgent();
     return true;
 }
 
@@ -117,7 +123,7 @@ void orvPreferencePane::didUnselect() {
     _connectionDurationTimer.reset();
     agentWatchTimer_.reset();
     saveSettings();
-    history_.store();
+    history_->store();
     environment_.services.localNotifications->post(DidUnselectNotification, this, {});
     stopStorageFoldersUpdate();
 }
@@ -136,27 +142,32 @@ orvAgentSettings& orvPreferencePane::agentSettings() const {
     return settingsAccount_.agentSettings();
 }
 
-/// The time goes on, and folders may have come or gone with their volumes.
+/// The time goes on, folders may have come or gone with their volumes, and files been repaired.
 void orvPreferencePane::connectionTimerCallback() {
     status_.showConnectionStatus();
     loadStorageSettings();
+    healthCheck_.ask();
     LoggerToFile::defaultLogger().checkLogSize();
 }
 
 /// An agent that was killed says nothing.
 void orvPreferencePane::watchAgent() {
     const auto notRunning = static_cast<std::uint32_t>(ConnectionStatus::NotRunning);
-    if (status_.progress().status <= notRunning) return;
+    if (isAgentAsked_ || status_.progress().status <= notRunning) return;
+    isAgentAsked_ = true;
+    const std::string agentId = _activeAccount->agentID();
     environment_.application.askIfAgentRuns(
-        _activeAccount->agentID(), [this, life = std::weak_ptr(life_)](bool isRunning) {
-            if (life.expired() || isRunning) return;
+        agentId, [this, life = std::weak_ptr(life_), agentId](bool isRunning) {
+            if (life.expired()) return;
+            isAgentAsked_ = false;
+            if (isRunning) return;
             status_.notifyConnectionStatus(static_cast<std::int32_t>(ConnectionStatus::NotRunning),
-                                           now(), _activeAccount->agentID());
+                                           now(), agentId);
         });
 }
 
 void orvPreferencePane::tabViewDidSelectTabViewItem(const TabViewItem& item) {
-    if (item.identifier == tabs::backup) {
+    if (item.identifier == tabs::backup && isShown()) {
         startStorageFoldersUpdate();
     } else {
         stopStorageFoldersUpdate();
@@ -175,7 +186,8 @@ void orvPreferencePane::stopStorageFoldersUpdate() {
 }
 
 void orvPreferencePane::storageFoldersUpdateCallback() {
-    NotifyAgentEvent(_activeAccount->agentID(), events::requestStorageFolders);
+    // while the bus is away one that waits is enough
+    QueueAgentEventCoalesce(_activeAccount->agentID(), events::requestStorageFolders, {}, {});
 }
 
 void orvPreferencePane::requestFSAList() {

@@ -1,15 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "foundation/system/ApplicationBundle.h"
+#include "foundation/threads/OneAtATime.h"
 #include "pane/DebugEvents.h"
 #include "pane/PaneEnvironment.h"
 #include "pane/PaneOutlets.h"
+#include "pane/account/AccountDeletion.h"
 #include "pane/folders/FolderTable.h"
 #include "pane/projects/ProjectTable.h"
 #include "pane/settings/AdvancedSettingsController.h"
@@ -91,8 +97,12 @@ class orvPreferencePane {
     orvPreferencePane(PaneOutlets& outlets, const PaneEnvironment& environment, Account& settings,
                       Account& active);
 
+    using Action = void (orvPreferencePane::*)();
+
     bool setActiveAccount(Account* account);
+    [[nodiscard]] std::vector<std::pair<Button*, Action>> buttonActions();
     void wireActions();
+    void unwireActions();
     void hideWhatIsNotThere();
     void registerAgentEvents();
     void requestFSAList();
@@ -102,9 +112,12 @@ class orvPreferencePane {
     void saveSettings() { settings_.saveSettings(); }
     void loadStorageSettings();
     void initStorageQuotaSettings();
-    void reloadRecords(std::function<void()> done);
+    void reloadRecords(unsigned what);
+    void startReload();
     void recordsReloaded();
-    void checkHealth();
+    void loadHistory();
+    void followActiveConfiguration();
+    void startHealthCheck();
     void checkKeychain();
     void checkBus();
     void showSettingsNotice();
@@ -113,6 +126,7 @@ class orvPreferencePane {
     void updateInputs();
     void updateUi();
     void updateBackupUI();
+    [[nodiscard]] bool mayRemoveFolders() const;
     void updateFolderButtons();
     void updateAccountsButton();
     void updateWarningDays();
@@ -123,6 +137,7 @@ class orvPreferencePane {
     void setStateOfVerifyPasswordButton();
     void showDebugTab();
 
+    [[nodiscard]] bool isShown() const { return _connectionDurationTimer != nullptr; }
     void tabViewDidSelectTabViewItem(const TabViewItem& item);
     void startStorageFoldersUpdate();
     void stopStorageFoldersUpdate();
@@ -134,7 +149,9 @@ class orvPreferencePane {
 
     void restorePolicyBackupPaths();
     void removeFolders(const std::vector<std::string>& paths);
-    void deleteAccount(Account& account);
+    void askToDelete(Account& account);
+    void deleteAccount(Account& account, const AccountRemains& remains);
+    void selectEntryBefore(const Account& account);
     void openSharingWindow();
     void openDashboard();
     void printError(const SettingsError& error);
@@ -153,16 +170,28 @@ class orvPreferencePane {
     SettingsCycle settings_;
     FolderTable folders_;
     ProjectTable projectTable_;
-    BackupHistory history_;
+    /// Of the active account.
+    std::unique_ptr<BackupHistory> history_;
     AdvancedSettingsController advanced_;
     DebugEvents debugEvents_;
     SettingsHealth health_;
     bool isSlow_ = false;
+    quelm::OneAtATime reload_{[this] { startReload(); }};
+    /// What to show anew after the next reload.
+    unsigned reloadedParts_ = 0;
+    quelm::OneAtATime healthCheck_{[this] { startHealthCheck(); }};
     DeviceInfo deviceInfo_;
     std::int64_t _quota = 0;
     std::int64_t _totalOtherComputers = 0;
     std::int64_t _totalThisComputer = 0;
     bool isDebugTabShown_ = true;
+    /// Row by row what stands in the lists to choose from.
+    std::vector<Account*> listedAccounts_;
+    std::vector<std::int32_t> listedWarningDays_;
+    /// By its texts, while the alert is open.
+    std::map<std::string, std::weak_ptr<bool>> openAlerts_;
+    bool isBusThere_ = false;
+    bool isAgentAsked_ = false;
     std::shared_ptr<SettingsClient> settingsClient_;
     std::unique_ptr<platform::DistributedNotificationCenter::Observation> busObservation_;
     std::unique_ptr<platform::RunLoop::Timer> _connectionDurationTimer;

@@ -135,8 +135,10 @@ class PopUpButton final : public View {
     [[nodiscard]] const std::vector<std::string>& titles() const { return titles_; }
     /// Selects the first, and performs no action.
     void setTitles(std::vector<std::string> titles) {
+        if (selected_ == 0 && titles_ == titles) return;
         selected_ = 0;
-        assign(titles_, std::move(titles));
+        titles_ = std::move(titles);
+        changed();
     }
     /// 0 also when there is none.
     [[nodiscard]] std::size_t indexOfSelectedItem() const { return selected_; }

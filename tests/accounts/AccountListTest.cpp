@@ -117,6 +117,47 @@ TEST_F(TheAccounts, FollowWhatIsAnnouncedAndPassItOn) {
     EXPECT_EQ(removed->told, Ids{}) << "removed while the others are told";
 }
 
+TEST_F(TheAccounts, AreReadLaterAndOnceForAllThatIsAnnouncedMeanwhile) {
+    struct Later final : quelm::Background {
+        void perform(Work work, Work done) override { jobs.push_back({work, done}); }
+        void run() {
+            for (const auto& [work, done] : std::exchange(jobs, {})) {
+                work();
+                done();
+            }
+        }
+        std::vector<std::pair<Work, Work>> jobs;
+    };
+    struct Client final : AccountList::Client {
+        void notifyAgentSettings(std::uint32_t hint, const AgentId&) override {
+            told.push_back(hint);
+        }
+        std::vector<std::uint32_t> told;
+    };
+    makeAccount("", {{"team_name", "before"}});
+    Later later;
+    AccountList list(AccountList::loadAccounts(AccountList::defaultConfigPath()), later);
+    const auto client = std::make_shared<Client>();
+    list.addClient(client);
+    for (const int hint : {1, 2, 4, 2})
+        announce({{"hint", hint}});
+    EXPECT_EQ(later.jobs.size(), 1U);
+    makeAccount("", {{"team_name", "after"}});
+    later.run();
+    EXPECT_EQ(client->told, std::vector<std::uint32_t>{1});
+    announce({{"hint", 0}});
+    later.run();
+    EXPECT_EQ(client->told, (std::vector<std::uint32_t>{1, 6}));
+    EXPECT_EQ(list.teamForAgentID("1"), "after");
+    later.run();
+    EXPECT_EQ(client->told, (std::vector<std::uint32_t>{1, 6, 0})) << "also what names nothing";
+    makeAccount("5", {});
+    announce({{"agent-id", "5"}, {"hint", 1}});
+    announce({{"agent-id", "6"}, {"hint", 1}});
+    later.run();
+    EXPECT_EQ(idsOf(list), (Ids{"1", "5", "6 (not valid)"}));
+}
+
 TEST_F(TheAccounts, GiveTheSmallestThresholdWhereZeroCountsAsNoneYet) {
     const std::vector<std::pair<std::vector<int>, int>> cases = {
         {{0, 50, 20}, 20}, {{50, 0}, 0}, {{50, 0, 30}, 30}, {{20, 50}, 20}};

@@ -23,6 +23,7 @@ class HeldBackground final : public quelm::Background {
  public:
     bool held = false;
 
+    [[nodiscard]] std::size_t waiting() const { return waiting_.size(); }
     void perform(Work work, Work done) override {
         waiting_.emplace_back(std::move(work), std::move(done));
         if (!held) release();
@@ -45,6 +46,9 @@ class FakeApplication final : public orv::AgentApplication {
  public:
     bool isRunning = false;
     bool agentRuns = true;
+    /// Questions after agents are kept in `asked`.
+    bool held = false;
+    std::vector<std::function<void(bool)>> asked;
     std::vector<std::string> launched;
 
     void launch(const std::string& agentId, std::function<void()> done) override {
@@ -53,6 +57,7 @@ class FakeApplication final : public orv::AgentApplication {
     }
     void askIfRunning(std::function<void(bool)> answer) override { answer(isRunning); }
     void askIfAgentRuns(const std::string&, std::function<void(bool)> answer) override {
+        if (held) return asked.push_back(std::move(answer));
         answer(agentRuns);
     }
 };
@@ -107,8 +112,8 @@ class PaneFixture : public SyncFixture {
     void start() {
         pane_ = orv::orvPreferencePane::initWithBundle(
             nullptr, outlets_,
-            {services_, *dispatcher_, *accounts_, *projects_, *locks_, background_, held_, alerts_,
-             clipboard_, application_, windows_, violations_});
+            {services_, *dispatcher_, *accounts_, *projects_, *locks_, background_, held_, held_,
+             alerts_, clipboard_, application_, windows_, violations_});
         quelm::SetLogSink([this](std::string_view line) { log_.emplace_back(line); });
         ASSERT_TRUE(pane_);
         pane_->mainViewDidLoad();

@@ -1,4 +1,6 @@
+#include <csignal>
 #include <fstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "foundation/files/Existence.h"
@@ -26,6 +28,9 @@ class ThePanel : public test_support::PaneFixture {
         for (const TabViewItem& item : outlets_._tabs.items())
             names.push_back(item.identifier);
         return names;
+    }
+    void announce(const Dictionary& payload) {
+        center_->deliver(notifications::settingsChanged, defaultNotificationObject, payload);
     }
     std::string cell(const char* column, std::size_t row) const {
         return outlets_._foldersList.textAt(column, row);
@@ -67,8 +72,10 @@ TEST_F(ThePanel, AsksForFoldersOnlyWhileTheirTabIsShown) {
     outlets_._tabs.select(tabs::backup);
     EXPECT_EQ(posted(), Names{"req_storage_folders"});
     pane_->didUnselect();
+    outlets_._tabs.select(tabs::account);
+    own("preferences_select_tab", {{"tab", "Folders"}});
     loop_.advance(120s);
-    EXPECT_EQ(posted(), Names{});
+    EXPECT_EQ(posted(), Names{}) << "nobody sees the tab";
 }
 
 TEST_F(ThePanel, StoresWhatWasChangedAndTellsTheAgentOnce) {
@@ -112,6 +119,69 @@ TEST_F(ThePanel, KeepsWhatCannotBeStoredForTheNextTime) {
     pane_->didUnselect();
     EXPECT_EQ(posted(), Names{"hint 16384"});
     EXPECT_EQ(*stored("user_info.plist").find("policy_backup"), quelm::Value(0));
+}
+
+TEST_F(ThePanel, KeepsWhatOthersStoredSinceItRead) {
+    storeSelection({"/a"});
+    start();
+    outlets_._foldersList.selectRows({0});
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
+                                      Dictionary{{"full_name", "Berta"}, {"policy_backup", 1}}));
+    outlets_._backupPolicyButton.performClick();
+    EXPECT_EQ(stored("user_info.plist"),
+              (Dictionary{{"full_name", "Berta"}, {"policy_backup", 0}}));
+    ASSERT_TRUE(StoreArrayToFile(folder_ / "storage_info.plist",
+                                 quelm::Array{quelm::Array{"/a", true}, quelm::Array{"/b", true}}));
+    outlets_._removeFolderButton.performClick();
+    answer(1);
+    EXPECT_EQ(quelm::ReadPropertyListFile(folder_ / "storage_info.plist").value,
+              quelm::Value(quelm::Array{quelm::Array{"/b", true}}));
+}
+
+TEST_F(ThePanel, TellsTheAgentOfAChangeThoughItEndsMeanwhile) {
+    start();
+    posted();
+    held_.held = true;
+    outlets_._backupPolicyButton.performClick();
+    pane_.reset();
+    held_.release();
+    EXPECT_EQ(*stored("user_info.plist").find("policy_backup"), quelm::Value(0));
+    EXPECT_EQ(posted(), Names{"hint 16384"});
+}
+
+TEST_F(ThePanel, NoticesThatTheSelectionWasNotWritten) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"policy_backup", 0}}));
+    storeSelection({"/a", "/b"});
+    start();
+    posted();
+    outlets_._foldersList.selectRows({0});
+    outlets_._removeFolderButton.performClick();
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit full{.rlim_cur = 0, .rlim_max = limit.rlim_max};  // as a full disk
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    answer(1);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::signal(SIGXFSZ, before);
+    ASSERT_EQ(alerts_.shown.size(), 1U);
+    EXPECT_EQ(posted(), Names{});
+    EXPECT_EQ(outlets_._foldersList.numberOfRows(), 1U) << "it stays changed here";
+    pane_->didUnselect();
+    EXPECT_EQ(posted(), Names{"hint 2"});
+}
+
+TEST_F(ThePanel, QueuesNoMoreWorkHoweverMuchIsAnnounced) {
+    start();
+    held_.held = true;
+    for (int i = 0; i < 100; ++i) {
+        own("storage_folders", {});
+        own("storage_quota", {});
+        announce({{"hint", 0x2}});
+    }
+    EXPECT_LT(held_.waiting(), 10U);
+    held_.release();
 }
 
 TEST_F(ThePanel, SaysWhenSettingsAreInUseOrUnreadable) {
@@ -163,6 +233,65 @@ TEST_F(ThePanel, ShowsFoldersWithTheirStatesAndRemovesThem) {
     outlets_._foldersList.selectRows({0});
     outlets_._showInFinderButton.performClick();
     EXPECT_EQ(workspace_->openedPaths, Names{"/Volumes/Away/pictures"});
+}
+
+TEST_F(ThePanel, KeepsFoldersSelectedNotRows) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"policy_backup", 0}}));
+    storeSelection({"/b", "/c"});
+    start();
+    outlets_._foldersList.selectRows({1});
+    ASSERT_TRUE(StoreArrayToFile(folder_ / "storage_info.plist",
+                                 quelm::Array{quelm::Array{"/a", true}, quelm::Array{"/b", true},
+                                              quelm::Array{"/c", true}}));
+    announce({{"hint", 0x2}});
+    ASSERT_EQ(outlets_._foldersList.numberOfRows(), 3U);
+    EXPECT_EQ(outlets_._foldersList.selectedRows(), std::set<std::size_t>{2});
+
+    held_.held = true;
+    announce({{"hint", 0x2}});  // begins to look at all three
+    outlets_._removeFolderButton.performClick();
+    answer(1);
+    EXPECT_EQ(outlets_._foldersList.numberOfRows(), 2U);
+    std::vector<std::size_t> rows;
+    outlets_._foldersList.observe([&] { rows.push_back(outlets_._foldersList.numberOfRows()); });
+    held_.release();
+    outlets_._foldersList.observe({});
+    EXPECT_EQ(std::ranges::count(rows, 3U), 0) << "what is removed does not come back";
+}
+
+TEST_F(ThePanel, AsksForNothingThatWasLockedSinceTheQuestion) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"policy_backup", 0}}));
+    storeSelection({"/a"});
+    start();
+    posted();
+    outlets_._foldersList.selectRows({0});
+    outlets_._removeFolderButton.performClick();
+    outlets_._backupPolicyButton.performClick();
+    ASSERT_EQ(alerts_.shown.size(), 2U);
+    ASSERT_TRUE(StorePropertiesToFile(
+        folder_ / "user_info.plist",
+        Dictionary{{"policy_backup", 0}, {"policy_agent_config_locked", true}}));
+    announce({{"hint", 0x8000}});
+    answer(0);
+    answer(1);
+    EXPECT_EQ(posted(), Names{});
+    EXPECT_FALSE(outlets_._backupPolicyButton.isOn());
+    EXPECT_EQ(outlets_._foldersList.numberOfRows(), 1U);
+}
+
+TEST_F(ThePanel, OffersAWarningAfterDaysThatWereSetElsewhere) {
+    ASSERT_TRUE(
+        StorePropertiesToFile(folder_ / "user_info.plist", Dictionary{{"backup_warning_days", 5}}));
+    accounts_.emplace(false);
+    start();
+    ASSERT_EQ(outlets_._warningDays.titles().size(), 7U);
+    EXPECT_EQ(outlets_._warningDays.indexOfSelectedItem(), 6U);
+    outlets_._warningDays.choose(2);
+    EXPECT_EQ(*stored("user_info.plist").find("backup_warning_days"), quelm::Value(7));
+    outlets_._warningDays.choose(6);  // which is offered no more
+    EXPECT_EQ(*stored("user_info.plist").find("backup_warning_days"), quelm::Value(7));
 }
 
 TEST_F(ThePanel, FollowsTheHintsOfItsSettings) {
@@ -246,10 +375,14 @@ TEST_F(ThePanel, ReportsALoaderThatDidNotStart) {
     own("project_import_response", {{"result", "1"}, {"running", "0"}});
     EXPECT_TRUE(alerts_.shown.empty());
     own("project_import_response", {{"result", "1"}, {"running", "1"}});
-    own("project_import_response", {{"result", "1"}});
+    for (int i = 0; i < 100; ++i)
+        own("project_import_response", {{"result", "1"}});
     ASSERT_EQ(alerts_.shown.size(), 2U);
     EXPECT_EQ(alerts_.shown[0].alert.title, "Project Loader already running");
     EXPECT_EQ(alerts_.shown[1].alert.title, "Project Loader failed");
+    answer(0);
+    own("project_import_response", {{"result", "1"}});
+    EXPECT_EQ(alerts_.shown.size(), 2U) << "again, now that it was read";
 }
 
 TEST_F(ThePanel, SeesThatAnAgentHasGoneWithoutAWord) {
@@ -302,7 +435,6 @@ class AnAccount : public ThePanel {
     AnAccount() {
         folder_.makeFile("account_7/keep.txt");
         home7_.makeFile("projects7/plan.txt");
-        folder_.makeFile("shared/plan.txt");
         accounts_.emplace(false);
     }
     void useProjects(const std::string& folder) {
@@ -340,14 +472,78 @@ TEST_F(AnAccount, IsDeletedOnlyAfterAQuestionThatNamesWhatGoes) {
     EXPECT_EQ(alerts_.shown.back().alert.informativeText, "Can't delete default account.");
 }
 
-TEST_F(AnAccount, LeavesProjectsThatAnotherAccountUses) {
-    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
-                                      Dictionary{{"master_project_folder", folder_ / "shared"}}));
-    useProjects(folder_ / "shared");
+TEST_F(AnAccount, LosesOnlyWhatTheQuestionNamed) {
+    useProjects(home7_ / "projects7");
     outlets_._deleteAccountButton.performClick();
+    const std::string other = home7_.makeFolder("other");
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "account_7/user_info.plist",
+                                      Dictionary{{"master_project_folder", other}}));
+    announce({{"agent-id", "7"}, {"hint", 0x4000}});
     answer(1);
-    EXPECT_FALSE(quelm::Exists(folder_ / "account_7"));
-    EXPECT_TRUE(quelm::Exists(folder_ / "shared/plan.txt"));
+    EXPECT_TRUE(quelm::Exists(folder_ / "account_7"));
+    ASSERT_EQ(alerts_.shown.size(), 1U) << "it is asked anew";
+    EXPECT_NE(alerts_.shown[0].alert.informativeText->find(other), std::string::npos);
+    answer(1);
+    EXPECT_FALSE(quelm::Exists(other));
+    EXPECT_TRUE(quelm::Exists(home7_ / "projects7"));
+}
+
+TEST_F(AnAccount, LeavesProjectsThatAnotherAccountUsesByWhateverPath) {
+    const std::string shared = home7_.makeFile("shared/plan.txt");
+    std::filesystem::create_directory_symlink(home7_.path(), folder_ / "link");
+    ASSERT_TRUE(StorePropertiesToFile(folder_ / "user_info.plist",
+                                      Dictionary{{"master_project_folder", home7_ / "shared"}}));
+    for (const std::string& path :
+         {home7_ / "shared", home7_ / "./shared/", folder_ / "link/shared"}) {
+        folder_.makeFile("account_7/keep.txt");
+        useProjects(path);
+        outlets_._deleteAccountButton.performClick();
+        answer(1);
+        EXPECT_FALSE(quelm::Exists(folder_ / "account_7"));
+        EXPECT_TRUE(quelm::Exists(shared)) << path;
+        pane_.reset();
+    }
+}
+
+TEST_F(AnAccount, ShowsNothingOfTheOneThatWasShownBefore) {
+    start();
+    own("share_stats", {{"files", "3"}, {"folders", "1"}});
+    own("store_status", {{"total-bytes", "10"}, {"stored-bytes", "10"}});
+    status(4);
+    EXPECT_EQ(outlets_._headlineImage.imageName(), "in-sync");
+    EXPECT_TRUE(quelm::Exists(folder_ / "backup_history.plist"));
+    outlets_._accountsButton.choose(1);
+    EXPECT_EQ(pane_->status().progress().totalFolders, 0);
+    EXPECT_EQ(outlets_._lastBackup.stringValue(), "There was no complete backup yet.");
+    const auto connected = [this](const char* agentId) {
+        center_->deliver(notifications::connectionStatusChanged, defaultNotificationObject,
+                         {{"agent-id", agentId}, {"status", 4}});
+    };
+    connected("7");
+    EXPECT_NE(outlets_._headlineImage.imageName(), "in-sync");
+    event("share_stats", {{"agent-id", "7"}, {"folders", "1"}});
+    event("store_status", {{"agent-id", "7"}});
+    EXPECT_EQ(outlets_._headlineImage.imageName(), "in-sync");
+    EXPECT_TRUE(quelm::Exists(folder_ / "account_7/backup_history.plist"));
+
+    application_.held = true;
+    pane_->didSelect();
+    loop_.advance(9s);
+    ASSERT_EQ(application_.asked.size(), 1U) << "one question at a time";
+    outlets_._accountsButton.choose(0);
+    connected("1");
+    application_.asked[0](false);
+    EXPECT_EQ(outlets_._connectButton.title(), "Disconnect") << "the other one's agent has gone";
+}
+
+TEST_F(AnAccount, IsChosenByWhatIsListed) {
+    useProjects(home7_ / "projects7");
+    folder_.makeFile("account_3/keep.txt");
+    announce({{"agent-id", "3"}, {"hint", 0x2}});
+    EXPECT_EQ(outlets_._accountsButton.titles().size(), 3U);
+    EXPECT_EQ(outlets_._accountsButton.indexOfSelectedItem(), 2U);
+    outlets_._accountsButton.choose(1);
+    EXPECT_EQ(pane_->activeAccount().agentID(), "3");
 }
 
 }  // namespace

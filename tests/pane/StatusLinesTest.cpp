@@ -55,6 +55,8 @@ TEST(ConnectionLine, TellsSinceWhen) {
         progress.statusTimestamp = now - seconds;
         EXPECT_EQ(ComposeConnectionLine(progress, "", false, now).info, text) << seconds;
     }
+    progress.statusTimestamp = std::numeric_limits<std::int64_t>::min();
+    EXPECT_NE(ComposeConnectionLine(progress, "", false, now).info, std::nullopt);
     progress.statusTimestamp = 0;
     progress.limitBackup = true;
     EXPECT_EQ(ComposeConnectionLine(progress, "", false, now).info,

@@ -117,6 +117,11 @@ TEST_F(TheStatus, KeepsAnErrorUntilItIsOver) {
     EXPECT_EQ(info(), "Connected");
     status(1);
     EXPECT_EQ(info(), "");
+    error("Wrong password");
+    status(6);
+    EXPECT_EQ(info(), "Low disk space");
+    status(5);
+    EXPECT_EQ(info(), "Wrong password") << "there is space again";
     error(std::string(1 << 20, 'x'));
     EXPECT_EQ(info().size(), 1000U);
 }

@@ -4,8 +4,11 @@
 #include <memory>
 #include <utility>
 
+#include "agentlink/AgentNotifications.h"
+#include "agentlink/AgentVocabulary.h"
 #include "foundation/files/Existence.h"
 #include "foundation/files/SafeRemoval.h"
+#include "foundation/paths/Paths.h"
 #include "foundation/system/LocalizedString.h"
 #include "foundation/system/Log.h"
 
@@ -16,6 +19,11 @@ namespace {
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 using quelm::os::RemovalIntent;
+using quelm::os::RemovalRules;
+
+std::string projectsOf(const Account& account) {
+    return quelm::StandardizePath(account.agentSettings().masterProjectFolder());
+}
 
 bool overlap(const std::string& one, const std::string& other) {
     const auto isIn = [](const std::string& path, const std::string& folder) {
@@ -24,11 +32,24 @@ bool overlap(const std::string& one, const std::string& other) {
     return isIn(one, other) || isIn(other, one);
 }
 
+/// Accounts may have come since the process's rules were set, and one folder has many paths.
+RemovalRules rulesSparingOthers(const Account& account, const AccountList& accounts) {
+    RemovalRules rules = quelm::os::ProcessRemovalRules();
+    const auto protect = [&rules](const std::string& folder) {
+        if (!folder.empty()) rules.protectedFolders.push_back(folder);
+    };
+    for (std::size_t i = 0; const Account* const one = accounts.accountAtIndex(i); ++i) {
+        protect(one->accountFolderPath());
+        if (one != &account) protect(projectsOf(*one));
+    }
+    return rules;
+}
+
 /// Whether it is gone.
-bool removeFolder(const std::string& path, RemovalIntent intent, const char* what) {
+bool removeFolder(const std::string& path, const RemovalRules& rules, RemovalIntent intent,
+                  const char* what) {
     if (path.empty() || !quelm::IsNameTaken(path)) return true;
-    const auto report =
-        quelm::os::RemoveFolderSafely(path, quelm::os::ProcessRemovalRules(), intent);
+    const auto report = quelm::os::RemoveFolderSafely(path, rules, intent);
     if (report.status == quelm::os::EStatusCode::SUCCESS) return true;
     quelm::LogError(fmt::format("Could not delete {} at path: {} error: {}", what, path,
                                 static_cast<int>(report.status)));
@@ -53,11 +74,9 @@ std::string whatGoes(const AccountRemains& remains) {
 }  // namespace
 
 AccountRemains RemainsOf(const Account& account, const AccountList& accounts) {
-    AccountRemains remains{account.accountFolderPath(),
-                           account.agentSettings().masterProjectFolder()};
+    AccountRemains remains{account.accountFolderPath(), projectsOf(account)};
     for (std::size_t i = 0; const Account* const other = accounts.accountAtIndex(i); ++i) {
-        if (other != &account &&
-            overlap(other->agentSettings().masterProjectFolder(), remains.projectsFolder))
+        if (other != &account && overlap(projectsOf(*other), remains.projectsFolder))
             remains.projectsFolder.clear();
     }
     return remains;
@@ -74,16 +93,20 @@ Alert DeletionQuestion(const Account& account, const AccountRemains& remains) {
 }
 
 void DeleteAccountData(const Account& account, const AccountRemains& remains,
-                       quelm::Background& background,
+                       const AccountList& accounts, quelm::Background& background,
                        std::function<void(const std::vector<std::string>& leftOver)> done) {
     auto leftOver = std::make_shared<std::vector<std::string>>();
     background.perform(
-        [leftOver, settings = account.agentSettings(), remains] {
+        [leftOver, settings = account.agentSettings(), agentId = account.agentID(), remains,
+         rules = rulesSparingOthers(account, accounts)] {
+            using enum RemovalIntent;
             settings.cleanupKeychain();
-            if (!removeFolder(remains.settingsFolder, RemovalIntent::ProtectedFolder, "settings"))
+            if (!removeFolder(remains.settingsFolder, rules, ProtectedFolder, "settings"))
                 leftOver->push_back(remains.settingsFolder);
-            if (!removeFolder(remains.projectsFolder, RemovalIntent::UserData, "MPF"))
+            if (!removeFolder(remains.projectsFolder, rules, UserData, "MPF"))
                 leftOver->push_back(remains.projectsFolder);
+            // from here, so that the agent hears of it also when the panel ends meanwhile
+            NotifyAgentSettingsChanged(agentId, HintAccountRecord);
         },
         [leftOver, done = std::move(done)] { done(*leftOver); });
 }

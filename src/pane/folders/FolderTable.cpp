@@ -11,6 +11,7 @@
 #include "accounts/filters/VolumeFilters.h"
 #include "config/VolumeFolders.h"
 #include "foundation/files/Existence.h"
+#include "foundation/paths/Paths.h"
 #include "foundation/system/LocalizedString.h"
 #include "widgets/OfflineVolume.h"
 
@@ -39,7 +40,7 @@ std::vector<std::string> listedPaths(std::uint32_t mask, const std::vector<std::
 
 std::string shareOf(const std::string& path) {
     if (path == "/") return quelm::GetLocalizedString("PrefPane.FileSystem", "File System");
-    return path.substr(path.rfind('/') + 1);
+    return std::string(quelm::GetLastPathComponent(quelm::RemoveLastSlashFromPath(path)));
 }
 
 /// Of a path in a folder of volumes.
@@ -70,13 +71,20 @@ FolderTable::~FolderTable() {
 
 void FolderTable::loadStorageSettings(const AccountRecords& records,
                                       const std::string& exceptionsFile) {
-    auto question = std::make_shared<const Question>(
+    question_ = std::make_shared<const Question>(
         Question{allowedVolumes(records.agentSettings), records.storageSettings.topLevelPaths(),
                  records.storageFoldersInfo, exceptionsFile});
+    lookUps_.ask();
+}
+
+void FolderTable::startLookUp() {
+    isOutdated_ = false;
     auto rows = std::make_shared<std::vector<Row>>();
-    background_.perform([question, rows] { *rows = lookUp(*question); },
+    background_.perform([question = question_, rows] { *rows = lookUp(*question); },
                         [this, life = std::weak_ptr(life_), rows] {
-                            if (!life.expired()) take(std::move(*rows));
+                            if (life.expired()) return;
+                            if (!isOutdated_) take(std::move(*rows));
+                            lookUps_.finished();
                         });
 }
 
@@ -96,23 +104,41 @@ std::vector<FolderTable::Row> FolderTable::lookUp(const Question& question) {
 }
 
 void FolderTable::take(std::vector<Row> rows) {
-    _storageSettingsArray = std::move(rows);
     offline_.clear();
-    for (const Row& row : _storageSettingsArray) {
-        if (!row.missingVolume.empty() &&
-            std::ranges::find(offline_, row.missingVolume) == offline_.end())
+    std::set<std::string> volumes;
+    for (const Row& row : rows) {
+        if (!row.missingVolume.empty() && volumes.insert(row.missingVolume).second)
             offline_.push_back(row.missingVolume);
     }
-    table_.reloadData();
+    if (rows != _storageSettingsArray) {
+        const std::set<std::string> selected = selectedPaths();
+        _storageSettingsArray = std::move(rows);
+        table_.reloadData();
+        table_.selectRows(rowsOf(selected));
+    }
     shown_();
 }
 
+std::set<std::string> FolderTable::selectedPaths() const {
+    std::set<std::string> paths;
+    for (const std::size_t row : table_.selectedRows())
+        paths.insert(_storageSettingsArray[row].path);
+    return paths;
+}
+
+std::set<std::size_t> FolderTable::rowsOf(const std::set<std::string>& paths) const {
+    std::set<std::size_t> rows;
+    for (std::size_t i = 0; i < _storageSettingsArray.size(); ++i) {
+        if (paths.contains(_storageSettingsArray[i].path)) rows.insert(i);
+    }
+    return rows;
+}
+
 void FolderTable::removeRows(const std::vector<std::string>& paths) {
+    const std::set<std::string> removed(paths.begin(), paths.end());
     std::vector<Row> rows = _storageSettingsArray;
-    std::erase_if(rows, [&paths](const Row& row) {
-        return std::ranges::find(paths, row.path) != paths.end();
-    });
-    table_.selectRows({});
+    std::erase_if(rows, [&removed](const Row& row) { return removed.contains(row.path); });
+    isOutdated_ = true;
     take(std::move(rows));
 }
 

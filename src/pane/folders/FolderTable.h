@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "accounts/Account.h"
 #include "accounts/FolderStatusText.h"
 #include "foundation/threads/Background.h"
+#include "foundation/threads/OneAtATime.h"
 #include "widgets/TableView.h"
 
 namespace orv {
@@ -22,16 +24,18 @@ class FolderTable final : public TableDataSource {
     static constexpr const char* path = "path";
     static constexpr const char* status = "status";
 
-    /// Both outlive it. `shown` is called whenever the rows have been looked up anew.
+    /// Both outlive it; a volume that does not answer keeps the background waiting. `shown` is
+    /// called whenever the rows have been looked up anew.
     FolderTable(TableView& table, quelm::Background& background, std::function<void()> shown);
     FolderTable(const FolderTable&) = delete;
     FolderTable& operator=(const FolderTable&) = delete;
     ~FolderTable();
 
     /// Takes the account's selection and what is stored of it, and looks up what has become of the
-    /// folders. `exceptionsFile` is what the server excludes.
+    /// folders. `exceptionsFile` is what the server excludes. The rows of the same paths stay
+    /// selected.
     void loadStorageSettings(const AccountRecords& records, const std::string& exceptionsFile);
-    /// Without these, until the next load.
+    /// Without these, until the next load; what is being looked up now is not shown.
     void removeRows(const std::vector<std::string>& paths);
 
     [[nodiscard]] std::vector<std::string> paths() const;
@@ -52,17 +56,25 @@ class FolderTable final : public TableDataSource {
         std::string status;
         /// The volume's name where it is away and the folder not backed up; else empty.
         std::string missingVolume;
+        bool operator==(const Row&) const = default;
     };
     struct Question;
 
     static std::vector<Row> lookUp(const Question& question);
+    void startLookUp();
     void take(std::vector<Row> rows);
+    [[nodiscard]] std::set<std::string> selectedPaths() const;
+    [[nodiscard]] std::set<std::size_t> rowsOf(const std::set<std::string>& paths) const;
 
     TableView& table_;
     quelm::Background& background_;
     std::function<void()> shown_;
     std::vector<Row> _storageSettingsArray;
     std::vector<std::string> offline_;
+    std::shared_ptr<const Question> question_;
+    quelm::OneAtATime lookUps_{[this] { startLookUp(); }};
+    /// Rows were removed after the look-up that runs had begun.
+    bool isOutdated_ = false;
     /// Gone when this is.
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };

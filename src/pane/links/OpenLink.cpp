@@ -1,8 +1,13 @@
+#include <memory>
+
+#include "config/ConfigurationPath.h"
+#include "config/UpdateSettings.h"
 #include "foundation/system/Log.h"
 #include "foundation/texts/VisibleText.h"
 #include "pane/PreferencePane.h"
 #include "pane/links/LinkAddresses.h"
 #include "support/web/HTTPConnection.h"
+#include "support/web/HttpParameter.h"
 
 // Where the panel's links lead.
 
@@ -40,8 +45,19 @@ void orvPreferencePane::openLink(const std::string& address) {
                           " leads nowhere.");
 }
 
+/// The server's name is in a file.
 void orvPreferencePane::openDashboard() {
-    HTTPConnection::openUrl(HTTPConnection::webBaseUrl(), *environment_.services.workspace);
+    auto address = std::make_shared<std::string>();
+    environment_.background.perform(
+        [address, file = GetConfigurationPath(orvUpdateSettings::defaultFilename)] {
+            orvUpdateSettings servers;
+            static_cast<void>(servers.loadSettingsFromFile(file));
+            *address = BaseUrlOf(servers.webServerName());
+        },
+        [this, life = std::weak_ptr(life_), address] {
+            if (!life.expired())
+                HTTPConnection::openUrl(*address, *environment_.services.workspace);
+        });
 }
 
 }  // namespace orv

@@ -43,6 +43,15 @@ Alert connectionError() {
             .buttons = {GetLocalizedString("PrefPane.OK", "OK")}};
 }
 
+Alert notRemembered() {
+    return {.title = {},
+            .message = GetLocalizedString("OnlinePassword.NotRemembered",
+                                          "The password is right, but the settings cannot be "
+                                          "stored: you will be asked for it again."),
+            .informativeText = {},
+            .buttons = {GetLocalizedString("PrefPane.OK", "OK")}};
+}
+
 }  // namespace
 
 OnlinePasswordController::OnlinePasswordController(const Environment& environment, Account* account)
@@ -145,15 +154,22 @@ void OnlinePasswordController::accept() {
     endWith(succeeded);
 }
 
+/// The account and the alerts outlive the window that is closing.
 void OnlinePasswordController::storeRemembered() {
     _settings.setAskForPassword(false);
     auto settings = std::make_shared<orvAgentSettings>(_settings);
     auto isStored = std::make_shared<bool>(false);
-    environment_.background.perform([settings, isStored] { *isStored = settings->store(); },
-                                    [isStored] {
-                                        if (*isStored)
-                                            NotifyAgentSettingsChanged("1", HintAgentSettings);
-                                    });
+    environment_.background.perform(
+        [settings, isStored] {
+            static_cast<void>(settings->load());  // what others wrote meanwhile stays
+            settings->setAskForPassword(false);
+            *isStored = settings->store();
+        },
+        [isStored, &shown = _settings, &alerts = environment_.alerts] {
+            if (*isStored) return NotifyAgentSettingsChanged("1", HintAgentSettings);
+            shown.setAskForPassword(true);
+            alerts.show(notRemembered(), {});
+        });
 }
 
 void OnlinePasswordController::receiveError() {

@@ -19,42 +19,71 @@ namespace {
 
 constexpr mode_t privateFolder = 0700;
 
-SettingsError posixError(const std::string& path, std::string description) {
+SettingsError posixError(int code, const std::string& path, std::string description) {
     return {.domain = SettingsError::posixDomain,
-            .code = errno,
+            .code = code != 0 ? code : EIO,
             .description = std::move(description),
             .info = {},
             .filePath = path};
 }
 
-/// None when the file could be stored.
-std::optional<SettingsError> storeError(bool isStored, const std::string& path) {
-    if (isStored) return std::nullopt;
-    return posixError(path, quelm::GetLocalizedString(
-                                "PrefPane.NotStored",
-                                "The settings cannot be stored. Your changes are kept until the "
-                                "panel ends"));
+SettingsError notStored(int code, const std::string& path) {
+    quelm::LogError(fmt::format("{} could not be stored, errno: {}", path, code));
+    return posixError(code, path,
+                      quelm::GetLocalizedString("PrefPane.NotStored",
+                                                "The settings cannot be stored. Your changes are "
+                                                "kept until the panel ends"));
 }
 
-std::optional<SettingsError> storeRecords(AccountRecords& records, std::uint32_t hint,
-                                          const std::string& folder) {
-    if (auto error = checkApplicationDirectory(folder)) return error;
+std::optional<SettingsError> storeAgentSettings(orvAgentSettings& settings,
+                                                const std::string& path) {
     errno = 0;
-    if (hint & ~std::uint32_t{HintBackupSelection}) {
-        auto error = storeError(records.agentSettings.store(), folder + "/" + files::userInfo);
-        if (error) return error;
-    }
-    if (!(hint & HintBackupSelection)) return std::nullopt;
-    return storeError(records.storageSettings.store(), folder + "/" + files::storageInfo);
+    if (settings.store()) return std::nullopt;
+    return notStored(errno, path);
+}
+
+/// Storing a selection only tells whether its file could be opened, so it is read again.
+std::optional<SettingsError> storeSelection(const orv_StorageSettings& settings,
+                                            const std::string& folder) {
+    const std::string path = folder + "/" + files::storageInfo;
+    errno = 0;
+    const bool isOpened = settings.store();
+    const int code = errno;
+    orv_StorageSettings written(folder);
+    if (isOpened && written.loadFromSpecificPath(path) &&
+        written.topLevelPaths() == settings.topLevelPaths())
+        return std::nullopt;
+    return notStored(code, path);
 }
 
 }  // namespace
 
+/// What is being stored. While it is, the background has the records and both threads only read
+/// the rest.
 struct SettingsCycle::Job {
-    AccountRecords records;
+    std::string folder;
+    std::string agentId;
     std::uint32_t hint;
+    std::vector<Edit> edits;
+    AccountRecords records;
     std::optional<SettingsError> error = {};
 };
+
+/// What others wrote since the records were read stays: only the edits are made anew.
+std::optional<SettingsError> SettingsCycle::store(Job& job) {
+    if (auto error = checkApplicationDirectory(job.folder)) return error;
+    static_cast<void>(job.records.agentSettings.load());
+    static_cast<void>(job.records.storageSettings.load());
+    for (const Edit& edit : job.edits)
+        edit(job.records);
+    if (job.hint & ~std::uint32_t{HintBackupSelection}) {
+        auto error =
+            storeAgentSettings(job.records.agentSettings, job.folder + "/" + files::userInfo);
+        if (error) return error;
+    }
+    if (!(job.hint & HintBackupSelection)) return std::nullopt;
+    return storeSelection(job.records.storageSettings, job.folder);
+}
 
 SettingsCycle::SettingsCycle(Account& account, quelm::Background& background, Failed failed)
     : account_(account),
@@ -69,38 +98,41 @@ void SettingsCycle::change(std::uint32_t hint, Edit edit) {
 }
 
 void SettingsCycle::saveSettings() {
-    if (_modified == 0 || storing_ != 0) return;
-    storing_ = std::exchange(_modified, 0);
-    storingEdits_ = std::exchange(edits_, {});
-    auto job = std::make_shared<Job>(Job{account_.records(), storing_});
+    if (_modified == 0 || storing_) return;
+    storing_ = std::make_shared<Job>(Job{account_.accountFolderPath(), agentId_,
+                                         std::exchange(_modified, 0), std::exchange(edits_, {}),
+                                         account_.records()});
     background_.perform(
-        [job, folder = account_.accountFolderPath()] {
-            job->error = storeRecords(job->records, job->hint, folder);
+        [job = storing_] {
+            job->error = store(*job);
+            // from here, so that the agent hears of it also when the panel ends meanwhile
+            if (!job->error) NotifyAgentSettingsChanged(job->agentId, job->hint);
         },
-        [this, life = std::weak_ptr(life_), job] {
-            if (!life.expired()) finished(*job);
+        [this, life = std::weak_ptr(life_)] {
+            if (!life.expired()) finished();
         });
 }
 
 /// What failed waits for the next change: to try again by itself could show its error for ever.
-void SettingsCycle::finished(const Job& job) {
-    const std::uint32_t stored = std::exchange(storing_, 0);
-    auto edits = std::exchange(storingEdits_, {});
-    if (!job.error) {
-        NotifyAgentSettingsChanged(agentId_, stored);
-        return saveSettings();
-    }
-    _modified |= stored;
-    edits.insert(edits.end(), edits_.begin(), edits_.end());
-    edits_ = std::move(edits);
-    failed_(*job.error);
+void SettingsCycle::finished() {
+    const std::shared_ptr<Job> job = std::exchange(storing_, nullptr);
+    if (!job->error) return saveSettings();
+    _modified |= job->hint;
+    edits_.insert(edits_.begin(), job->edits.begin(), job->edits.end());
+    failed_(*job->error);
 }
 
 void SettingsCycle::reapply() {
-    for (const Edit& edit : storingEdits_)
-        edit(account_.records());
+    if (storing_) {
+        for (const Edit& edit : storing_->edits)
+            edit(account_.records());
+    }
     for (const Edit& edit : edits_)
         edit(account_.records());
+}
+
+std::uint32_t SettingsCycle::modified() const {
+    return _modified | (storing_ ? storing_->hint : 0);
 }
 
 std::optional<SettingsError> checkApplicationDirectory(const std::string& folder) {
@@ -108,9 +140,10 @@ std::optional<SettingsError> checkApplicationDirectory(const std::string& folder
     std::error_code ignored;
     std::filesystem::create_directories(std::filesystem::path(folder).parent_path(), ignored);
     if (::mkdir(folder.c_str(), privateFolder) == 0) return std::nullopt;
-    const SettingsError error = posixError(
-        folder, quelm::GetLocalizedString("PrefPane.ConfFolderError",
-                                          "Cannot create the base directory for settings"));
+    const SettingsError error =
+        posixError(errno, folder,
+                   quelm::GetLocalizedString("PrefPane.ConfFolderError",
+                                             "Cannot create the base directory for settings"));
     quelm::LogError(fmt::format("Cannot create base directory: {}, attributes: {}, errno: {}",
                                 folder, "mode 0700", error.code));
     return error;

@@ -15,10 +15,12 @@ namespace orv {
 
 /// What the person changed in an account's settings, from the click to the file and the agent.
 /// Nothing is lost on the way: what cannot be stored stays changed here, survives settings that are
-/// read anew meanwhile, and is stored with the next change. Main thread only; files are written in
-/// the background.
+/// read anew meanwhile, and is stored with the next change; what others wrote meanwhile stays. Main
+/// thread only; files are written in the background.
 class SettingsCycle {
  public:
+    /// Makes the same change however often and on whichever thread it is called; it holds its
+    /// values.
     using Edit = std::function<void(AccountRecords& records)>;
     using Failed = std::function<void(const SettingsError& error)>;
 
@@ -36,12 +38,13 @@ class SettingsCycle {
     void reapply();
 
     /// SettingsHint bits of what is changed and not stored.
-    [[nodiscard]] std::uint32_t modified() const { return _modified | storing_; }
+    [[nodiscard]] std::uint32_t modified() const;
 
  private:
     struct Job;
 
-    void finished(const Job& job);
+    static std::optional<SettingsError> store(Job& job);
+    void finished();
 
     Account& account_;
     quelm::Background& background_;
@@ -49,9 +52,8 @@ class SettingsCycle {
     std::string agentId_;
     std::uint32_t _modified = 0;
     std::vector<Edit> edits_;
-    /// What is being stored; 0 for nothing.
-    std::uint32_t storing_ = 0;
-    std::vector<Edit> storingEdits_;
+    /// Null while nothing is being stored.
+    std::shared_ptr<Job> storing_;
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };
 

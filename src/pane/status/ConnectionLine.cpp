@@ -70,7 +70,8 @@ const Row& rowOf(std::uint32_t status) {
 /// Whole minutes; a clock that was set back gives very many.
 std::uint32_t minutesSince(std::int64_t timestamp, std::int64_t now) {
     constexpr std::uint32_t minute = 60;
-    return timestamp == 0 ? 0 : static_cast<std::uint32_t>(now - timestamp) / minute;
+    if (timestamp == 0) return 0;
+    return (static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(timestamp)) / minute;
 }
 
 std::string connectedFor(std::uint32_t minutes, std::int64_t now) {

@@ -111,7 +111,8 @@ void StatusModel::notifyConnectionError(const std::string& /*tag*/, const std::s
                                         const AgentId& agentId) {
     if (message.empty() || (agentId && !IsSameAccount(*agentId, inputs_.agentId))) return;
     _connectionError = true;
-    outlets_._connectionInfo.setStringValue(translated(message));
+    errorText_ = translated(message);
+    outlets_._connectionInfo.setStringValue(errorText_);
     resetStatusInfo();
     showConnectionStatus();
 }

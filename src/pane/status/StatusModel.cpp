@@ -33,6 +33,7 @@ StatusModel::StatusModel(StatusOutlets& outlets, platform::RunLoop& runLoop)
 
 StatusModel::~StatusModel() {
     if (dispatcher_) dispatcher_->unregisterTarget(this);
+    outlets_._connectButton.setAction({});
 }
 
 std::int64_t StatusModel::now() const {
@@ -54,6 +55,14 @@ void StatusModel::startDisconnected() {
                            inputs_.agentId);
 }
 
+void StatusModel::forgetAgent() {
+    progress_ = {.limitBackup = progress_.limitBackup,
+                 .activeAdapter = progress_.activeAdapter,
+                 .totalProjects = progress_.totalProjects,
+                 .totalFilesProjects = progress_.totalFilesProjects,
+                 .totalBytesProjects = progress_.totalBytesProjects};
+}
+
 void StatusModel::setProjects(std::int64_t count, std::int64_t files, std::int64_t bytes) {
     progress_.totalProjects = count;
     progress_.totalFilesProjects = files;
@@ -70,7 +79,7 @@ void StatusModel::showConnectionStatus() {
         ComposeConnectionLine(progress_, inputs_.fullName, _connectionError, now());
     outlets_._connectionStatus.setStringValue(line.text);
     if (line.clearsError) _connectionError = false;
-    if (line.info) outlets_._connectionInfo.setStringValue(*line.info);
+    outlets_._connectionInfo.setStringValue(line.info.value_or(errorText_));
     const bool isConnected =
         progress_.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);
     outlets_._connectionInfo.setToolTip(
@@ -137,9 +146,8 @@ void StatusModel::updateQuotaStatus() {
 }
 
 void StatusModel::showHeadline() {
-    const std::string& error = outlets_._connectionInfo.stringValue();
     const Headline headline =
-        ComposeHeadline(progress_, inputs_, _connectionError ? error : "", now());
+        ComposeHeadline(progress_, inputs_, _connectionError ? errorText_ : "", now());
     outlets_._headline.setText(headline.text);
     outlets_._headlineImage.setImageName(headline.image);
     outlets_._headlineImage.setDescription(headline.text.text);

@@ -37,7 +37,9 @@ class StatusModel {
 
     /// As it starts: not connected, nothing shown of an agent.
     void startDisconnected();
-    void forgetStatus() { progress_.status = 0; }
+    /// Another account's agent counts now: what this one said is over. What concerns the computer
+    /// and its projects stays.
+    void forgetAgent();
     void setProjects(std::int64_t count, std::int64_t files, std::int64_t bytes);
     void forgetSpeeds();
     /// What was wrong with the connection is over.
@@ -92,6 +94,7 @@ class StatusModel {
     StatusInputs inputs_;
     /// An agent's error is shown in the connection's info.
     bool _connectionError = false;
+    std::string errorText_;
 };
 
 }  // namespace orv

@@ -18,7 +18,12 @@ void BrandIcons(Icons& icons, const orv_VarBranding& brand) {
     for (const auto& [key, image] : brand.images()) {
         const auto* name = std::get_if<std::string>(&key);
         if (!name) continue;
-        if (const auto pixmap = LoadBrandPixmap(image)) icons.replace(ToQt(*name), QIcon(*pixmap));
+        const auto pixmap = LoadBrandPixmap(image);
+        if (!pixmap) continue;
+        icons.replace(ToQt(*name), QIcon(*pixmap));
+        // a brand's logo stands for the folder of projects
+        if (*name == "loftmere_logo")
+            icons.replace(QStringLiteral("master-project-folder"), QIcon(*pixmap));
     }
 }
 

@@ -21,6 +21,7 @@ namespace orv {
 namespace {
 
 constexpr std::chrono::seconds endPatience(10);
+constexpr std::chrono::seconds folderPatience(2);
 
 /// Says what is waited for before there is a window.
 std::unique_ptr<QWidget> waitingNotice() {
@@ -40,6 +41,7 @@ PanelHost::PanelHost(const quelm::Bundle& bundle, Appearance appearance)
       files_(*services_.runLoop),
       watchedFiles_(files_, *services_.runLoop),
       slow_(*services_.runLoop),
+      folders_(*services_.runLoop),
       icons_(QString::fromStdString(bundle.resourcesFolder()), appearance),
       context_{updates_, icons_, [this](const std::string& address) {
                    if (pane_) pane_->openLink(address);
@@ -54,9 +56,17 @@ PanelHost::~PanelHost() {
     LockedFilesList::destroyInstance();
     ProjectsList::destroyInstance();
     AccountList::destroyDefaultAccountList();
-    if (files_.waitUntilIdle(endPatience)) return;
-    quelm::LogError("Another program holds the settings: the last changes are not stored.");
-    std::_Exit(EXIT_FAILURE);
+    const bool isStored = files_.waitUntilIdle(endPatience);
+    if (!isStored)
+        quelm::LogError("Another program holds the settings: the last changes are not stored.");
+    if (!isStored || !folders_.waitUntilIdle(folderPatience)) endWithoutThreads(isStored);
+}
+
+/// A thread that waits for a lock, or for a volume that does not answer, would be waited for.
+void PanelHost::endWithoutThreads(bool isStored) {
+    static_cast<void>(slow_.waitUntilIdle(endPatience));
+    static_cast<void>(EndAgentEvents(folderPatience));
+    std::_Exit(isStored ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
 void PanelHost::start(std::function<void()> started) {
@@ -67,8 +77,12 @@ void PanelHost::start(std::function<void()> started) {
         if (*notice) (*notice)->show();
     });
     watchedFiles_.perform(
-        // nothing else asks for the configuration path before this is done
-        [accounts] { *accounts = AccountList::loadAccounts(AccountList::defaultConfigPath()); },
+        [accounts] {
+            *accounts = AccountList::loadAccounts(AccountList::defaultConfigPath());
+            // what the window would wait for when it asks first
+            LookUpComputerDefaults();
+            static_cast<void>(orv_VarBranding::instance());
+        },
         [this, accounts, notice, started = std::move(started)] {
             makePanel(std::move(*accounts));
             notice->reset();
@@ -92,7 +106,8 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
         &bundle_, outlets_,
         {services_, AgentEventDispatcher::defaultDispatcher(), list,
          ProjectsList::defaultProjectsList(), LockedFilesList::defaultLockedFilesList(),
-         watchedFiles_, slow_, *alerts_, clipboard_, *application_, *windows_, violations_});
+         watchedFiles_, slow_, folders_, *alerts_, clipboard_, *application_, *windows_,
+         violations_});
     if (!pane_) return QApplication::exit(EXIT_FAILURE);
     window_->setShownChanged([this](bool isShown) {
         if (!pane_) return;

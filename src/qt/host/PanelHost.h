@@ -51,6 +51,7 @@ class PanelHost {
 
  private:
     void makePanel(AccountList::Accounts accounts);
+    void endWithoutThreads(bool isStored);
     void protectAccounts(const AccountList& accounts) const;
 
     const quelm::Bundle& bundle_;
@@ -59,6 +60,7 @@ class PanelHost {
     quelm::BackgroundThread files_;
     quelm::WatchedBackground watchedFiles_;
     quelm::BackgroundThread slow_;
+    quelm::BackgroundThread folders_;
     FrameUpdates updates_;
     Icons icons_;
     WindowContext context_;
