@@ -13,6 +13,15 @@ namespace orv {
 
 namespace {
 
+/// As much as is laid out, without half a character at its end.
+std::string_view shownPart(std::string_view text) {
+    auto end = static_cast<std::size_t>(mostShownCharacters);
+    if (text.size() <= end) return text;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        --end;
+    return text.substr(0, end);
+}
+
 QString escaped(std::string_view text) {
     return ShownText(text).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
 }
@@ -36,7 +45,7 @@ std::vector<TextLink> inOrder(std::vector<TextLink> links) {
 }  // namespace
 
 QString LinkedTextHtml(const LinkedText& text, const LinkColors& colors) {
-    const auto whole = std::string_view(text.text).substr(0, mostShownCharacters);
+    const std::string_view whole = shownPart(text.text);
     QString html;
     std::size_t done = 0;
     for (const TextLink& link : inOrder(text.links)) {
