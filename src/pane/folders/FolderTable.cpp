@@ -91,14 +91,15 @@ void FolderTable::startLookUp() {
 std::vector<FolderTable::Row> FolderTable::lookUp(const Question& question) {
     const FolderPatterns excluded(ReadExcludedFolders(question.exceptionsFile));
     std::vector<Row> rows;
-    for (const std::string& path : listedPaths(question.mask, question.selected, question.info)) {
-        const orv_StorageFolderStatus* const record = question.info.findInfoForPath(path);
-        FolderState state{
-            .excluded = excluded.matches(path), .exists = quelm::Exists(path), .record = record};
-        state.offline = !state.exists && IsPathOffline(path);
+    for (const std::string& folder : listedPaths(question.mask, question.selected, question.info)) {
+        const orv_StorageFolderStatus* const record = question.info.findInfoForPath(folder);
+        FolderState state{.excluded = excluded.matches(folder),
+                          .exists = quelm::Exists(folder),
+                          .record = record};
+        state.offline = !state.exists && IsPathOffline(folder);
         const bool isIncomplete = state.offline && (!record || !record->isBackedUp());
-        rows.push_back({path, shareOf(path), FolderStatusText(state),
-                        isIncomplete ? volumeName(path) : std::string()});
+        rows.push_back({folder, shareOf(folder), FolderStatusText(state),
+                        isIncomplete ? volumeName(folder) : std::string()});
     }
     return rows;
 }
