@@ -6,10 +6,10 @@
 #include <ostream>
 
 #include "agentlink/AgentEventQueue.h"
-#include "agentlink/AgentPresence.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
 #include "cli/Complaint.h"
+#include "cli/SessionBus.h"
 #include "cli/SettingsChange.h"
 #include "config/AccountId.h"
 #include "foundation/system/LocalizedString.h"
@@ -22,17 +22,9 @@ namespace {
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
-constexpr std::chrono::seconds patience(2);
-
 /// --agent, else the account of this command line.
 std::string agentOf(const Arguments& arguments) {
     return arguments.value("--agent").value_or(AccountOfCommandLine());
-}
-
-/// Null when no bus answers in time.
-platform::DistributedNotificationCenter* connectedBus() {
-    const auto& center = platform::ProcessServices().notifications;
-    return center && center->waitUntilListening(patience) ? center.get() : nullptr;
 }
 
 /// Runs `post`, and sends what it posts before it returns.
@@ -43,21 +35,9 @@ ExitCode send(const Arguments& arguments, Console& console, Post post) {
         return Fail(console, ExitCode::Usage,
                     FormatLocalizedString("Cli.BadAccount", "%@ is no account's id", {agent}));
     }
-    auto* const bus = connectedBus();
-    if (!bus) {
-        return Fail(console, ExitCode::NoAgent,
-                    GetLocalizedString("Link.NoBus",
-                                       "No session bus answers, so nothing was sent. Is "
-                                       "DBUS_SESSION_BUS_ADDRESS set?"));
-    }
+    if (!ConnectedBus()) return FailWithoutBus(console);
     post(agent);
-    if (!EndAgentEvents(patience)) {
-        return Fail(console, ExitCode::Failed,
-                    GetLocalizedString("Link.NotSent",
-                                       "The session bus is too busy and did not take it. Try "
-                                       "again."));
-    }
-    return ExitCode::Done;
+    return SendPosted(console);
 }
 
 /// Whether the number is all of the text; decimal, or hexadecimal after "0x".
@@ -96,8 +76,8 @@ ExitCode SendEvent(const Arguments& arguments, Console& console) {
     const std::string& event = arguments[0];
     bool nobody = false;
     const ExitCode code = send(arguments, console, [&](const std::string& agent) {
-        const auto& center = platform::ProcessServices().notifications;
-        nobody = isForAgents(event) && !center->isAnnounced(AgentPresenceName(agent), patience);
+        nobody = isForAgents(event) &&
+                 !IsAgentThere(platform::ProcessServices().notifications.get(), agent);
         QueueAgentEvent(agent, event, payload);
     });
     if (code != ExitCode::Done || !nobody) return code;

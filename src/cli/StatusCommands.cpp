@@ -8,10 +8,10 @@
 
 #include "accounts/AccountList.h"
 #include "agentlink/AgentEventQueue.h"
-#include "agentlink/AgentPresence.h"
 #include "agentlink/AgentVocabulary.h"
 #include "cli/Commands.h"
 #include "cli/Complaint.h"
+#include "cli/SessionBus.h"
 #include "cli/SettingsChange.h"
 #include "cli/StatusReport.h"
 #include "cli/ValueText.h"
@@ -40,16 +40,6 @@ using quelm::GetLocalizedString;
 using namespace std::chrono_literals;
 
 constexpr auto patience = 2s;
-
-/// Null when no bus answers in time.
-platform::DistributedNotificationCenter* connectedBus() {
-    const auto& center = platform::ProcessServices().notifications;
-    return center && center->waitUntilListening(patience) ? center.get() : nullptr;
-}
-
-bool isAgentThere(platform::DistributedNotificationCenter* bus, const std::string& agentId) {
-    return bus && bus->isAnnounced(AgentPresenceName(agentId), patience);
-}
 
 class SettingsClient final : public AccountList::Client {
  public:
@@ -150,7 +140,7 @@ class StatusViewer {
     void watchAgent() {
         const auto notRunning = static_cast<std::int32_t>(ConnectionStatus::NotRunning);
         if (model_.progress().status <= static_cast<std::uint32_t>(notRunning) ||
-            isAgentThere(platform::ProcessServices().notifications.get(), agentId()))
+            IsAgentThere(platform::ProcessServices().notifications.get(), agentId()))
             return;
         model_.notifyConnectionStatus(
             notRunning, std::chrono::system_clock::to_time_t(runLoop_.now()), agentId());
@@ -189,20 +179,6 @@ std::string reportOf(const StatusViewer& viewer, const Console& console) {
     return console.json ? StatusAsJson(viewer.shown()) : StatusAsText(viewer.shown());
 }
 
-ExitCode failWithoutBus(Console& console) {
-    return Fail(console, ExitCode::NoAgent,
-                GetLocalizedString("Link.NoBus",
-                                   "No session bus answers, so nothing was sent. Is "
-                                   "DBUS_SESSION_BUS_ADDRESS set?"));
-}
-
-ExitCode sendQueued(Console& console) {
-    if (EndAgentEvents(patience)) return ExitCode::Done;
-    return Fail(console, ExitCode::Failed,
-                GetLocalizedString("Link.NotSent",
-                                   "The session bus is too busy and did not take it. Try again."));
-}
-
 /// Prints what differs from what was printed last.
 void watch(StatusViewer& viewer, Console& console, std::string printed) {
     viewer.follow([&] {
@@ -215,8 +191,8 @@ void watch(StatusViewer& viewer, Console& console, std::string printed) {
 
 ExitCode showStatus(const Arguments& arguments, Console& console) {
     StatusViewer viewer;
-    auto* const bus = connectedBus();
-    const bool isThere = isAgentThere(bus, viewer.agentId());
+    auto* const bus = ConnectedBus();
+    const bool isThere = IsAgentThere(bus, viewer.agentId());
     if (isThere) viewer.waitForReport();
     const std::string report = reportOf(viewer, console);
     print(console, report);
@@ -232,16 +208,16 @@ ExitCode ShowStatus(const Arguments& arguments, Console& console) {
 }
 
 ExitCode ConnectAgent(const Arguments&, Console& console) {
-    auto* const bus = connectedBus();
-    if (!bus) return failWithoutBus(console);
+    auto* const bus = ConnectedBus();
+    if (!bus) return FailWithoutBus(console);
     const platform::Services& services = platform::ProcessServices();
     const std::string agentId = AccountOfCommandLine();
     quelm::Foreground foreground;
     LocalAgentApplication application(
         {*bus, *services.workspace, foreground, LocalAgentApplication::programBeside("orvAgent")});
     application.launch(agentId, [&] { NotifyAgentEvent(agentId, events::requestConnect); });
-    const bool isThere = isAgentThere(bus, agentId);
-    const ExitCode sent = sendQueued(console);
+    const bool isThere = IsAgentThere(bus, agentId);
+    const ExitCode sent = SendPosted(console);
     if (isThere) return sent;
     return Fail(
         console, ExitCode::NoAgent,
@@ -250,12 +226,12 @@ ExitCode ConnectAgent(const Arguments&, Console& console) {
 }
 
 ExitCode DisconnectAgent(const Arguments&, Console& console) {
-    auto* const bus = connectedBus();
-    if (!bus) return failWithoutBus(console);
+    auto* const bus = ConnectedBus();
+    if (!bus) return FailWithoutBus(console);
     const std::string agentId = AccountOfCommandLine();
-    const bool isThere = isAgentThere(bus, agentId);
+    const bool isThere = IsAgentThere(bus, agentId);
     NotifyAgentEvent(agentId, events::requestDisconnect);
-    const ExitCode sent = sendQueued(console);
+    const ExitCode sent = SendPosted(console);
     return isThere ? sent : ExitCode::NoAgent;
 }
 

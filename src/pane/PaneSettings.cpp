@@ -87,6 +87,12 @@ void orvPreferencePane::initStorageQuotaSettings() {
     showStorage();
 }
 
+/// So that totals which arrive alone do not look like a backup of which everything is stored.
+void orvPreferencePane::computeBackupAndSync() {
+    environment_.projects.loadProjectList();
+    status_.setBackupTotals(storageFoldersInfo().total(), storageFoldersInfo().stored());
+}
+
 void orvPreferencePane::recordsReloaded() {
     settings_.reapply();
     updateInputs();

@@ -93,6 +93,7 @@ void orvPreferencePane::mainViewDidLoad() {
     loadSettings();
     loadStorageSettings();
     initStorageQuotaSettings();
+    computeBackupAndSync();
     updateUi();
     enableProjectsStatus();
     enableBackup();

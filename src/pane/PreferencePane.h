@@ -112,6 +112,8 @@ class orvPreferencePane {
     void saveSettings() { settings_.saveSettings(); }
     void loadStorageSettings();
     void initStorageQuotaSettings();
+    /// What is known of backup and projects before the agent speaks.
+    void computeBackupAndSync();
     void reloadRecords(unsigned what);
     void startReload();
     void recordsReloaded();

@@ -69,6 +69,11 @@ void StatusModel::setProjects(std::int64_t count, std::int64_t files, std::int64
     progress_.totalBytesProjects = bytes;
 }
 
+void StatusModel::setBackupTotals(std::int64_t total, std::int64_t stored) {
+    progress_.totalBytesForStoring = total;
+    progress_.storedBytes = stored;
+}
+
 void StatusModel::forgetSpeeds() {
     progress_.uploadSpeed = 0;
     progress_.downloadSpeed = 0;

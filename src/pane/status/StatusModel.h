@@ -41,6 +41,8 @@ class StatusModel {
     /// and its projects stays.
     void forgetAgent();
     void setProjects(std::int64_t count, std::int64_t files, std::int64_t bytes);
+    /// In bytes, until the agent says otherwise.
+    void setBackupTotals(std::int64_t total, std::int64_t stored);
     void forgetSpeeds();
     /// What was wrong with the connection is over.
     void clearConnectionError();
