@@ -35,8 +35,6 @@ namespace orv::cli {
 
 namespace {
 
-using quelm::GetLocalizedString;
-
 using namespace std::chrono_literals;
 
 constexpr auto patience = 2s;

@@ -220,7 +220,7 @@ void orvPreferencePane::advancedSettings() {
 void orvPreferencePane::accountChosen() {
     const std::size_t index = outlets_._accountsButton.indexOfSelectedItem();
     Account* const account = index < listedAccounts_.size() ? listedAccounts_[index] : nullptr;
-    if (account == _activeAccount || !setActiveAccount(account)) return;
+    if (!account || account == _activeAccount || !setActiveAccount(account)) return;
     loadHistory();
     updateUi();
     showDeviceInfo();

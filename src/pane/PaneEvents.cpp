@@ -142,7 +142,7 @@ void orvPreferencePane::handleProjectImportResponse(const quelm::Dictionary& pay
                                            "Unable to start up project loader. Project loader is "
                                            "already running.");
     }
-    tell(std::move(alert));
+    tell(alert);
 }
 
 }  // namespace orv

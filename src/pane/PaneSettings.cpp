@@ -178,7 +178,7 @@ std::string orvPreferencePane::settingsTitle() const {
 }
 
 /// What fails again and again is told again only when it was read.
-void orvPreferencePane::tell(Alert alert, std::function<void(int button)> answered) {
+void orvPreferencePane::tell(const Alert& alert, std::function<void(int button)> answered) {
     const std::string key =
         alert.title + "\n" + alert.message + "\n" + alert.informativeText.value_or("");
     std::erase_if(openAlerts_, [](const auto& open) { return open.second.expired(); });

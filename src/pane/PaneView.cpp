@@ -120,7 +120,7 @@ void orvPreferencePane::showStorage() {
     const StorageFigures figures = panel.figures();
     outlets_._pieChartView.setModel(figures);
     outlets_._spaceUsageLabel.setStringValue(DescriptionInWords(figures));
-    outlets_._summaryPanelView.setModel(std::move(panel));
+    outlets_._summaryPanelView.setModel(panel);
 }
 
 void orvPreferencePane::enableProjectsStatus() {

@@ -158,7 +158,7 @@ class orvPreferencePane {
     void openDashboard();
     void printError(const SettingsError& error);
     void printErrorMessage(const std::string& message);
-    void tell(Alert alert, std::function<void(int button)> answered = {});
+    void tell(const Alert& alert, std::function<void(int button)> answered = {});
     [[nodiscard]] std::string settingsTitle() const;
     [[nodiscard]] std::int64_t now() const;
 
