@@ -34,6 +34,7 @@ enum SettingsHint : std::uint32_t {
     HintNetworkRules = 0x0400,
     HintFingerprints = 0x0800,
     HintExcludedFiles = 0x1000,
+    HintAccess = 0x2000,
     HintAgentSettings = 0x4000,
     HintProjectSettings = 0x8000,
     /// Assumed where a notification has no hint.

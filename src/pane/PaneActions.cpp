@@ -24,7 +24,6 @@ constexpr std::chrono::seconds answerPatience(3);
 std::vector<std::pair<Button*, orvPreferencePane::Action>> orvPreferencePane::buttonActions() {
     using Pane = orvPreferencePane;
     return {
-        {&outlets_._startOnLoginButton, &Pane::startOnLoginClicked},
         {&outlets_._allowRemoteAccess, &Pane::allowRemoteAccessClicked},
         {&outlets_._verifyPasswordButton, &Pane::verifyPasswordButtonChanged},
         {&outlets_._resetDontShow, &Pane::resetShowDialogPreference},
@@ -84,12 +83,11 @@ void orvPreferencePane::disconnect() {
     NotifyAgentEvent(_activeAccount->agentID(), events::requestDisconnect);
 }
 
-void orvPreferencePane::startOnLoginClicked() {}
-
 void orvPreferencePane::allowRemoteAccessClicked() {
-    settings_.change(0x2000, [isOn = outlets_._allowRemoteAccess.isOn()](AccountRecords& records) {
-        records.agentSettings.setRemoteAccess(isOn);
-    });
+    settings_.change(HintAccess,
+                     [isOn = outlets_._allowRemoteAccess.isOn()](AccountRecords& records) {
+                         records.agentSettings.setRemoteAccess(isOn);
+                     });
     saveSettings();
 }
 
@@ -104,8 +102,9 @@ void orvPreferencePane::verifyPasswordButtonChanged() {
         if (!controller.checkPassword()) return outlets_._verifyPasswordButton.setOn(true);
         outlets_._verifyPasswordButton.setOn(false);  // settings were perhaps shown meanwhile
     }
-    settings_.change(
-        0x2000, [isOn](AccountRecords& records) { records.agentSettings.setAskForPassword(isOn); });
+    settings_.change(HintAccess, [isOn](AccountRecords& records) {
+        records.agentSettings.setAskForPassword(isOn);
+    });
     saveSettings();
 }
 
@@ -270,7 +269,7 @@ void orvPreferencePane::askToDelete(Account& account) {
 
 void orvPreferencePane::deleteAccount(Account& account, const AccountRemains& remains) {
     DeleteAccountData(
-        account, remains, environment_.accounts, environment_.slowBackground,
+        account, remains, environment_.accounts, environment_.serviceBackground,
         [this, life = std::weak_ptr(life_), &account](const std::vector<std::string>& leftOver) {
             if (life.expired()) return;
             selectEntryBefore(account);

@@ -33,7 +33,7 @@ struct PaneEnvironment {
     /// For files.
     quelm::WatchedBackground& background;
     /// For the bus and the keychain, which may take their time.
-    quelm::Background& slowBackground;
+    quelm::Background& serviceBackground;
     /// For looking at the folders to back up, whose volumes may not answer at all.
     quelm::Background& folderBackground;
     Alerts& alerts;

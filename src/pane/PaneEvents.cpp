@@ -14,8 +14,8 @@ using quelm::GetLocalizedString;
 namespace {
 
 // What is shown anew after a reload.
-constexpr unsigned storageFolders = 1;
-constexpr unsigned storageQuota = 2;
+constexpr unsigned foldersPart = 1;
+constexpr unsigned quotaPart = 2;
 
 }  // namespace
 
@@ -76,11 +76,11 @@ void orvPreferencePane::notifyAgentSettings(std::uint32_t hint, const AgentId& /
 }
 
 void orvPreferencePane::handleStorageFolders() {
-    reloadRecords(storageFolders);
+    reloadRecords(foldersPart);
 }
 
 void orvPreferencePane::handleStorageQuota() {
-    reloadRecords(storageQuota);
+    reloadRecords(quotaPart);
 }
 
 void orvPreferencePane::reloadRecords(unsigned what) {
@@ -93,8 +93,8 @@ void orvPreferencePane::startReload() {
                                                     what = std::exchange(reloadedParts_, 0U)] {
         if (life.expired()) return;
         recordsReloaded();
-        if (what & storageFolders) loadStorageSettings();
-        if (what & storageQuota) {
+        if (what & foldersPart) loadStorageSettings();
+        if (what & quotaPart) {
             initStorageQuotaSettings();
             status_.updateQuotaStatus();
             enableBackup();

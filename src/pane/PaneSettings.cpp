@@ -122,7 +122,7 @@ void orvPreferencePane::showSettingsNotice() {
 void orvPreferencePane::checkKeychain() {
     using Status = platform::Keychain::Status;
     auto state = std::make_shared<Status>(Status::Unavailable);
-    environment_.slowBackground.perform(
+    environment_.serviceBackground.perform(
         [state, keychain = environment_.services.keychain.get()] {
             if (keychain) *state = keychain->state();
         },
@@ -146,7 +146,7 @@ void orvPreferencePane::checkBus() {
     };
     busObservation_ = center ? center->observeConnection(changed) : nullptr;
     auto isThere = std::make_shared<bool>(false);
-    environment_.slowBackground.perform(
+    environment_.serviceBackground.perform(
         [isThere, center] {
             *isThere = center && center->waitUntilListening(std::chrono::seconds(2));
         },

@@ -115,8 +115,7 @@ void orvPreferencePane::showStorage() {
                       .otherComputers = _totalOtherComputers,
                       .projects = status_.progress().totalBytesProjects});
     panel.setSyncEnabled(agentSettings().syncEnabled());
-    panel.setBackupEnabled(status_.inputs().backup.backupEnabled ||
-                           status_.inputs().backup.hasBackupPaths);
+    panel.setBackupEnabled(status_.inputs().backup.isWanted());
     const StorageFigures figures = panel.figures();
     outlets_._pieChartView.setModel(figures);
     outlets_._spaceUsageLabel.setStringValue(DescriptionInWords(figures));
@@ -135,8 +134,7 @@ void orvPreferencePane::enableProjectsStatus() {
 
 void orvPreferencePane::enableBackup() {
     updateInputs();
-    const BackupSituation& backup = status_.inputs().backup;
-    const bool isOn = backup.backupEnabled || backup.hasBackupPaths;
+    const bool isOn = status_.inputs().backup.isWanted();
     const orv_StorageQuotaInfo& quota = storageQuotaInfo();
     if (isOn) {
         outlets_._tabs.insert(outlets_._backupTabItem,

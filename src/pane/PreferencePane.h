@@ -57,7 +57,6 @@ class orvPreferencePane {
     // What buttons do.
     void connect();
     void disconnect();
-    void startOnLoginClicked();
     void allowRemoteAccessClicked();
     void verifyPasswordButtonChanged();
     void resetShowDialogPreference();

@@ -1,7 +1,6 @@
 #include "pane/status/AgentProgress.h"
 
 #include "agentlink/AgentPayload.h"
-#include "agentlink/AgentVocabulary.h"
 #include "foundation/system/Saturating.h"
 #include "foundation/texts/Numbers.h"
 
@@ -37,6 +36,10 @@ void addStoredBytes(AgentProgress& progress, const Dictionary& payload, const ch
 }
 
 }  // namespace
+
+std::int64_t AgentProgress::remainingBytes() const {
+    return SaturatingDifference(totalBytesForStoring, storedBytes);
+}
 
 void TakeScanActivity(AgentProgress& progress, const Dictionary& payload) {
     progress.backupScanning = PayloadText(payload, keys::value) == "1";

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "agentlink/AgentVocabulary.h"
 #include "platform/Value.h"
 
 namespace orv {
@@ -55,6 +56,12 @@ struct AgentProgress {
     std::int64_t totalProjects = 0;
     std::int64_t totalFilesProjects = 0;
     std::int64_t totalBytesProjects = 0;
+
+    [[nodiscard]] bool is(ConnectionStatus connection) const {
+        return status == static_cast<std::uint32_t>(connection);
+    }
+    /// Of the backup; negative when more is stored than there was to store.
+    [[nodiscard]] std::int64_t remainingBytes() const;
 
     bool operator==(const AgentProgress&) const = default;
 };

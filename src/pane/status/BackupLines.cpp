@@ -3,9 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
-#include "foundation/system/Saturating.h"
 #include "pane/links/LinkAddresses.h"
 #include "pane/status/ConnectionLine.h"
 #include "widgets/SizeText.h"
@@ -21,13 +19,6 @@ using quelm::GetLocalizedString;
 struct Causes {
     const AgentProgress& progress;
     const BackupSituation& situation;
-
-    [[nodiscard]] std::int64_t remaining() const {
-        return quelm::SaturatingDifference(progress.totalBytesForStoring, progress.storedBytes);
-    }
-    [[nodiscard]] bool isConnected() const {
-        return progress.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);
-    }
 };
 
 /// Seconds; -1 without a speed. The largest speed counts, although the present one decides whether
@@ -37,7 +28,7 @@ std::int64_t estimate(const Causes& causes) {
     if (progress.uploadSpeedMax <= 0) return -1;
     const double speed = progress.uploadSpeedMax * situation.bandwidthSafetyFactor;
     const double seconds =
-        static_cast<double>(causes.remaining()) / speed +
+        static_cast<double>(causes.progress.remainingBytes()) / speed +
         static_cast<double>(progress.totalFilesForStoring) * situation.transferOverheadPerFile;
     constexpr double most = 1e15;  // beyond any backup, and within 64 bits
     return std::isfinite(seconds) && std::abs(seconds) < most ? static_cast<std::int64_t>(seconds)
@@ -61,9 +52,9 @@ std::string suspended(const Causes& causes) {
 }
 
 std::string remainingWithEstimate(const Causes& causes) {
-    return FormatLocalizedString(
-        "PrefPane.StoreStatusEst", "%@ (%@) remaining",
-        {orv::FileSizeString(causes.remaining()), TimeIntervalToString(estimate(causes))});
+    return FormatLocalizedString("PrefPane.StoreStatusEst", "%@ (%@) remaining",
+                                 {orv::FileSizeString(causes.progress.remainingBytes()),
+                                  TimeIntervalToString(estimate(causes))});
 }
 
 struct Row {
@@ -89,14 +80,15 @@ constexpr std::array rows = {
         StatusImage::PermissionViolation},
     Row{[](const Causes& causes) { return causes.progress.totalFolders == 0; }, nothing,
         StatusImage::None},
-    Row{[](const Causes& causes) { return !causes.isConnected(); }, nothing, StatusImage::None},
+    Row{[](const Causes& causes) { return !causes.progress.is(ConnectionStatus::Connected); },
+        nothing, StatusImage::None},
     Row{[](const Causes& causes) { return causes.situation.offlineIncomplete; },
         [](const Causes&) {
             return GetLocalizedString("PrefPane.VolumeOfflineIncomplete",
                                       "Volume with incomplete backup is offline");
         },
         StatusImage::PermissionViolation},
-    Row{[](const Causes& causes) { return causes.remaining() < 1; },
+    Row{[](const Causes& causes) { return causes.progress.remainingBytes() < 1; },
         [](const Causes&) {
             return GetLocalizedString("PrefPane.BackupComplete", "Backup Complete");
         },
@@ -110,7 +102,7 @@ constexpr std::array rows = {
     Row{[](const Causes&) { return true; },
         [](const Causes& causes) {
             return FormatLocalizedString("PrefPane.StoreStatus", "%@ remaining",
-                                         {orv::FileSizeString(causes.remaining())});
+                                         {orv::FileSizeString(causes.progress.remainingBytes())});
         },
         StatusImage::Syncing},
 };
@@ -144,7 +136,7 @@ LinkedText invitation() {
 }  // namespace
 
 BackupLines ComposeBackupLines(const AgentProgress& progress, const BackupSituation& situation) {
-    if (!situation.backupEnabled && !situation.hasBackupPaths) return {};
+    if (!situation.isWanted()) return {};
     const Causes causes{progress, situation};
     const Row& row = rowOf(causes);
     BackupLines lines{.summary = summaryOf(progress),

@@ -19,6 +19,8 @@ struct BackupSituation {
     /// Tuning of the estimate: seconds a file, and the part of the speed that counts.
     double transferOverheadPerFile = 0;
     double bandwidthSafetyFactor = 1;
+    /// Whether anything is to be backed up.
+    [[nodiscard]] bool isWanted() const { return backupEnabled || hasBackupPaths; }
     bool operator==(const BackupSituation&) const = default;
 };
 

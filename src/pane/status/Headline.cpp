@@ -2,11 +2,9 @@
 
 #include <array>
 
-#include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
 #include "foundation/system/Saturating.h"
 #include "pane/links/LinkAddresses.h"
-#include "pane/status/ConnectionLine.h"
 #include "widgets/MomentText.h"
 #include "widgets/SizeText.h"
 
@@ -24,18 +22,12 @@ struct Causes {
     const StatusInputs& inputs;
     const std::string& agentError;
 
-    [[nodiscard]] bool is(ConnectionStatus status) const {
-        return progress.status == static_cast<std::uint32_t>(status);
-    }
-    [[nodiscard]] bool isBackupWanted() const {
-        return inputs.backup.backupEnabled || inputs.backup.hasBackupPaths;
-    }
+    [[nodiscard]] bool is(ConnectionStatus status) const { return progress.is(status); }
+    [[nodiscard]] bool isBackupWanted() const { return inputs.backup.isWanted(); }
     [[nodiscard]] bool hasFolders() const { return progress.totalFolders != 0; }
     /// Whether the agent has said what there is to back up and how far it is.
     [[nodiscard]] bool isReported() const { return hasFolders() && progress.isStoreStatusKnown; }
-    [[nodiscard]] std::int64_t remaining() const {
-        return quelm::SaturatingDifference(progress.totalBytesForStoring, progress.storedBytes);
-    }
+    [[nodiscard]] std::int64_t remaining() const { return progress.remainingBytes(); }
 };
 
 /// A text and what can be done about it; both may be empty.
@@ -112,9 +104,12 @@ Message nothingReported(const Causes&) {
 }
 
 Message networkForbids(const Causes& causes) {
+    const std::string& adapter = causes.progress.activeAdapter;
     return {FormatLocalizedString(
                 "Headline.NetworkForbids", "Backup waits: it is not allowed over %@. %@ remain.",
-                {ActiveAdapterName(causes.progress), orv::FileSizeString(causes.remaining())}),
+                {adapter.empty() ? GetLocalizedString("Headline.ThisNetwork", "the network in use")
+                                 : adapter,
+                 orv::FileSizeString(causes.remaining())}),
             GetLocalizedString("Headline.ShowNetwork", "Show network"), links::bandwidthTab};
 }
 
@@ -276,7 +271,7 @@ Headline ComposeHeadline(const AgentProgress& progress, const StatusInputs& inpu
 }
 
 std::string LastBackupText(const StatusInputs& inputs, std::int64_t now) {
-    if (!inputs.backup.backupEnabled && !inputs.backup.hasBackupPaths) return {};
+    if (!inputs.backup.isWanted()) return {};
     if (!inputs.lastComplete) {
         return GetLocalizedString("Headline.NeverComplete", "There was no complete backup yet.");
     }

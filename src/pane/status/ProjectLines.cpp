@@ -1,6 +1,5 @@
 #include "pane/status/ProjectLines.h"
 
-#include "agentlink/AgentVocabulary.h"
 #include "foundation/system/LocalizedString.h"
 #include "pane/links/LinkAddresses.h"
 #include "widgets/SizeText.h"
@@ -16,13 +15,9 @@ using quelm::GetLocalizedString;
 constexpr std::size_t beforeLink = 2;
 constexpr std::size_t behindBracketed = 1;
 
-bool isConnected(const AgentProgress& progress) {
-    return progress.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);
-}
-
 /// Without what is added for violations, storage and locks.
 StatusLine baseLine(const AgentProgress& progress) {
-    if (!isConnected(progress)) return {};
+    if (!progress.is(ConnectionStatus::Connected)) return {};
     if (!progress.timeLeft.empty()) return {{progress.timeLeft}, StatusImage::Syncing};
     return {{GetLocalizedString("PrefPane.SyncComplete", "Sync Complete")}, StatusImage::InSync};
 }
@@ -64,9 +59,10 @@ ProjectLines ComposeProjectLines(const AgentProgress& progress, const ProjectSit
                                           orv::FileSizeString(progress.totalBytesProjects)}),
         .state = baseLine(progress)};
     LinkedText& text = lines.state.text;
-    if (situation.violations > 0 && !shown.empty() && isConnected(progress)) {
+    const bool isConnected = progress.is(ConnectionStatus::Connected);
+    if (situation.violations > 0 && !shown.empty() && isConnected) {
         text = withViolations(text.text, situation.violations);
-    } else if (isConnected(progress) && progress.syncQuotaStatus != 0) {
+    } else if (isConnected && progress.syncQuotaStatus != 0) {
         text = withStorageProblem(text.text, progress.syncQuotaStatus, situation.agentId);
     } else if (situation.locks > 0 && !text.text.empty()) {
         text = withLocks(text.text, situation.locks);

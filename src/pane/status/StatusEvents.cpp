@@ -26,18 +26,6 @@ std::string translated(const std::string& message) {
     return text ? *text : message.substr(0, longest);
 }
 
-bool isOf(std::uint32_t code, ConnectionStatus status) {
-    return code == static_cast<std::uint32_t>(status);
-}
-
-bool isConnected(std::uint32_t code) {
-    return isOf(code, ConnectionStatus::Connected);
-}
-
-bool isConnecting(std::uint32_t code) {
-    return isOf(code, ConnectionStatus::Connecting) || isOf(code, ConnectionStatus::LoggingIn);
-}
-
 }  // namespace
 
 void StatusModel::registerAgentEvents(AgentEventDispatcher& dispatcher) {
@@ -92,8 +80,11 @@ void StatusModel::notifyConnectionStatus(std::int32_t status, std::int64_t times
     if (code == progress_.status) return;
     progress_.status = code;
     progress_.statusTimestamp = timestamp;
-    if (!isConnecting(code) && !isConnected(code)) progress_.isStoreStatusKnown = false;
-    if (!isConnected(code)) {
+    const bool isConnected = progress_.is(ConnectionStatus::Connected);
+    const bool isConnecting =
+        progress_.is(ConnectionStatus::Connecting) || progress_.is(ConnectionStatus::LoggingIn);
+    if (!isConnecting && !isConnected) progress_.isStoreStatusKnown = false;
+    if (!isConnected) {
         progress_.syncQuotaStatus = 0;
         if (progress_.uploadSpeed >= 1 || progress_.downloadSpeed >= 1) {
             forgetSpeeds();
@@ -103,7 +94,7 @@ void StatusModel::notifyConnectionStatus(std::int32_t status, std::int64_t times
     showConnectionStatus();
     setConnectButton(code);
     // what was said before the connection counts from now on
-    if (isConnected(code)) showBackupAndProjectsStatus();
+    if (isConnected) showBackupAndProjectsStatus();
 }
 
 void StatusModel::notifyConnectionError(const std::string& /*tag*/, const std::string& message,

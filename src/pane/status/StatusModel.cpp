@@ -85,8 +85,7 @@ void StatusModel::showConnectionStatus() {
     outlets_._connectionStatus.setStringValue(line.text);
     if (line.clearsError) _connectionError = false;
     outlets_._connectionInfo.setStringValue(line.info.value_or(errorText_));
-    const bool isConnected =
-        progress_.status == static_cast<std::uint32_t>(ConnectionStatus::Connected);
+    const bool isConnected = progress_.is(ConnectionStatus::Connected);
     outlets_._connectionInfo.setToolTip(
         isConnected && progress_.statusTimestamp != 0
             ? FormatLocalizedString("Status.ConnectedSince", "Connected since %@",
@@ -117,12 +116,11 @@ void StatusModel::showRestoreProgress(bool isRestoring) {
     outlets_._restoreProgressButton.setHidden(!isRestoring);
 }
 
-void StatusModel::showBackupStatus() {
+void StatusModel::drawBackup() {
     const BackupLines lines = ComposeBackupLines(progress_, inputs_.backup);
     outlets_._backupStatus1.setStringValue(lines.summary);
     if (lines.state) show(outlets_._backupStatus2, outlets_._backupStatusImage, *lines.state);
     if (IsBackupComplete(progress_, inputs_) && completed_) completed_();
-    showHeadline();
 }
 
 void StatusModel::clearBackupStatus() {
@@ -130,24 +128,35 @@ void StatusModel::clearBackupStatus() {
     show(outlets_._backupStatus2, outlets_._backupStatusImage, {});
 }
 
-void StatusModel::showProjectsStatus() {
+void StatusModel::drawProjects() {
     const ProjectLines lines = ComposeProjectLines(
         progress_,
         {.violations = inputs_.violations, .locks = inputs_.locks, .agentId = inputs_.agentId},
         outlets_._projectsStatus2.stringValue());
     outlets_._projectsStatus1.setStringValue(lines.summary);
     show(outlets_._projectsStatus2, outlets_._projectsStatusImage, lines.state);
+}
+
+void StatusModel::showBackupStatus() {
+    drawBackup();
+    showHeadline();
+}
+
+void StatusModel::showProjectsStatus() {
+    drawProjects();
     showHeadline();
 }
 
 void StatusModel::showBackupAndProjectsStatus() {
-    showBackupStatus();
-    showProjectsStatus();
+    drawBackup();
+    drawProjects();
+    showHeadline();
 }
 
 void StatusModel::updateQuotaStatus() {
-    showProjectsStatus();
-    showBackupStatus();
+    drawProjects();
+    drawBackup();
+    showHeadline();
 }
 
 void StatusModel::showHeadline() {

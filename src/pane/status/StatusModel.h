@@ -80,6 +80,9 @@ class StatusModel {
  private:
     [[nodiscard]] bool concernsActiveAccount(const quelm::Dictionary& payload) const;
     [[nodiscard]] std::int64_t now() const;
+    // Without the headline, which is made once for all lines that an event changes.
+    void drawBackup();
+    void drawProjects();
     void showHeadline();
     void showNetwork();
     void showRestoreProgress(bool isRestoring);

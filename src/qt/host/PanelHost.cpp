@@ -40,7 +40,7 @@ PanelHost::PanelHost(const quelm::Bundle& bundle, Appearance appearance)
       services_(platform::ProcessServices()),
       files_(*services_.runLoop),
       watchedFiles_(files_, *services_.runLoop),
-      slow_(*services_.runLoop),
+      busAndKeychain_(*services_.runLoop),
       folders_(*services_.runLoop),
       icons_(QString::fromStdString(bundle.resourcesFolder()), appearance),
       context_{updates_, icons_, [this](const std::string& address) {
@@ -64,7 +64,7 @@ PanelHost::~PanelHost() {
 
 /// A thread that waits for a lock, or for a volume that does not answer, would be waited for.
 void PanelHost::endWithoutThreads(bool isStored) {
-    static_cast<void>(slow_.waitUntilIdle(endPatience));
+    static_cast<void>(busAndKeychain_.waitUntilIdle(endPatience));
     static_cast<void>(EndAgentEvents(folderPatience));
     std::_Exit(isStored ? EXIT_SUCCESS : EXIT_FAILURE);
 }
@@ -95,9 +95,9 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
     protectAccounts(list);
     ProjectsList::createInstance(&watchedFiles_);
     BrandIcons(icons_, *orv_VarBranding::instance());
-    application_.emplace(
-        LocalAgentApplication::Environment{*services_.notifications, *services_.workspace, slow_,
-                                           LocalAgentApplication::programBeside("orvAgent")});
+    application_.emplace(LocalAgentApplication::Environment{
+        *services_.notifications, *services_.workspace, busAndKeychain_,
+        LocalAgentApplication::programBeside("orvAgent")});
     window_ = std::make_unique<MainWindow>(context_, outlets_);
     if (windowMade_) windowMade_(*window_);
     alerts_.emplace(icons_, window_.get());
@@ -106,7 +106,7 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
         &bundle_, outlets_,
         {services_, AgentEventDispatcher::defaultDispatcher(), list,
          ProjectsList::defaultProjectsList(), LockedFilesList::defaultLockedFilesList(),
-         watchedFiles_, slow_, folders_, *alerts_, clipboard_, *application_, *windows_,
+         watchedFiles_, busAndKeychain_, folders_, *alerts_, clipboard_, *application_, *windows_,
          violations_});
     if (!pane_) return QApplication::exit(EXIT_FAILURE);
     window_->setShownChanged([this](bool isShown) {

@@ -59,7 +59,7 @@ class PanelHost {
     AgentEventSession session_;
     quelm::BackgroundThread files_;
     quelm::WatchedBackground watchedFiles_;
-    quelm::BackgroundThread slow_;
+    quelm::BackgroundThread busAndKeychain_;
     quelm::BackgroundThread folders_;
     FrameUpdates updates_;
     Icons icons_;

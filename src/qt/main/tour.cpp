@@ -77,10 +77,9 @@ void writeAgentFiles(const std::string& home, int percent) {
     std::string folders;
     for (const auto& [name, megabytes] : {std::pair{"Documents", 840}, {"Pictures", 2'150}}) {
         const std::int64_t bytes = std::int64_t{megabytes} << 20;
-        folders += fmt::format(
-            "<store><path>{}/{}</path><total>{}</total><stored>{}</stored></store>", home, name,
-            bytes,
-            bytes / 100 * (percent == 100 ? 100 : percent) + (percent == 100 ? bytes % 100 : 0));
+        folders +=
+            fmt::format("<store><path>{}/{}</path><total>{}</total><stored>{}</stored></store>",
+                        home, name, bytes, percent == 100 ? bytes : bytes / 100 * percent);
     }
     const std::string stores = "<r><stores>" + folders + "</stores></r>";
     const std::string quota =
@@ -139,8 +138,8 @@ void complete(PaneOutlets& shown, Viewer& viewer, const std::string& home) {
 }
 
 void changeSetting(PaneOutlets& shown, Viewer& viewer) {
-    const bool wasOn = shown._backupPolicyButton.isOn();
-    if (!wasOn) return;
+    if (!shown._backupPolicyButton.isOn())
+        throw std::runtime_error("the policy does not choose the folders of this home");
     shown._backupPolicyButton.performClick();
     viewer.wait("a stored setting", [] {
         const auto stored =
@@ -161,8 +160,7 @@ void goThrough(PanelHost& host, const QString& folder, const QString& theme,
                const std::string& home) {
     PaneOutlets& shown = host.outlets();
     Viewer viewer(shown);
-    viewer.waitFor(shown._connectButton.isHidden() ? shown._headline : shown._connectionStatus,
-                   "disconnected");
+    viewer.waitFor(shown._connectionStatus, "disconnected");
     takePictures(host, folder, QStringLiteral("offline-") + theme);
     shown._connectButton.performClick();
     viewer.waitFor(shown._connectionStatus, "connected");

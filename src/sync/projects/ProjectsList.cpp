@@ -175,6 +175,7 @@ bool ProjectsList::replaceSubscribed(ParsedProjects parsed) {
 }
 
 void ProjectsList::loadProjectList() {
+    if (std::exchange(isLoading_, true)) return;
     auto stored = std::make_shared<std::optional<ParsedProjects>>();
     auto read = [stored, path = store_.path()] {
         const auto rows = ProjectListStore::load(path);
@@ -190,6 +191,7 @@ void ProjectsList::loadProjectList() {
 }
 
 void ProjectsList::takeStored(std::optional<ParsedProjects> stored) {
+    isLoading_ = false;
     if (!stored || isAnswered_) return;
     replaceSubscribed(std::move(*stored));
     postChange();

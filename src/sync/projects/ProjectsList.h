@@ -204,6 +204,8 @@ class ProjectsList {
     std::shared_ptr<SettingsClient> settingsClient_;
     std::list<Waiting> waiting_;
     bool isAnswered_ = false;
+    /// The stored list is being read.
+    bool isLoading_ = false;
     /// Gone when the list is.
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
 };
