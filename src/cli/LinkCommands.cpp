@@ -20,7 +20,6 @@ namespace orv::cli {
 namespace {
 
 using quelm::FormatLocalizedString;
-using quelm::GetLocalizedString;
 
 /// --agent, else the account of this command line.
 std::string agentOf(const Arguments& arguments) {

@@ -11,16 +11,17 @@ namespace orv::cli {
 
 namespace {
 
-using json = nlohmann::ordered_json;
+using nlohmann::ordered_json;
 using quelm::GetLocalizedString;
 
-json block(const TextField& summary, const TextField& state, const ImageView& image) {
-    return {{"summary", summary.stringValue()},
-            {"state", state.stringValue()},
-            {"image", image.imageName().empty() ? json() : json(image.imageName())}};
+ordered_json block(const TextField& summary, const TextField& state, const ImageView& image) {
+    return {
+        {"summary", summary.stringValue()},
+        {"state", state.stringValue()},
+        {"image", image.imageName().empty() ? ordered_json() : ordered_json(image.imageName())}};
 }
 
-void appendLinks(json& links, const TextField& field) {
+void appendLinks(ordered_json& links, const TextField& field) {
     for (const TextLink& link : field.text().links) {
         links.push_back({{"text", field.stringValue().substr(link.start, link.length)},
                          {"address", link.address}});
@@ -34,10 +35,10 @@ void appendLine(std::string& text, const std::string& label, const std::string& 
 }  // namespace
 
 std::string StatusAsJson(const StatusOutlets& shown) {
-    json links = json::array();
+    ordered_json links = ordered_json::array();
     for (const TextField* field : {&shown._backupStatus2, &shown._projectsStatus2})
         appendLinks(links, *field);
-    const json report = {
+    const ordered_json report = {
         {"connection",
          {{"text", shown._connectionStatus.stringValue()},
           {"info", shown._connectionInfo.stringValue()},
@@ -46,7 +47,7 @@ std::string StatusAsJson(const StatusOutlets& shown) {
         {"projects",
          block(shown._projectsStatus1, shown._projectsStatus2, shown._projectsStatusImage)},
         {"links", links}};
-    return report.dump(-1, ' ', false, json::error_handler_t::replace);
+    return report.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
 }
 
 std::string StatusAsText(const StatusOutlets& shown) {

@@ -9,7 +9,7 @@ namespace orv {
 
 namespace {
 
-struct Unit {
+struct DurationUnit {
     int DateComponents::*count;
     /// Units of a coarser group hide those of the finer ones.
     int group;
@@ -17,28 +17,29 @@ struct Unit {
     quelm::LocalizedText several;
 };
 
-constexpr std::array units = {
-    Unit{&DateComponents::years,
-         0,
-         {"DateComponents.year", "year"},
-         {"DateComponents.years", "years"}},
-    Unit{&DateComponents::months,
-         0,
-         {"DateComponents.month", "month"},
-         {"DateComponents.months", "months"}},
-    Unit{&DateComponents::days, 0, {"DateComponents.day", "day"}, {"DateComponents.days", "days"}},
-    Unit{&DateComponents::hours,
-         1,
-         {"DateComponents.hour", "hour"},
-         {"DateComponents.hours", "hours"}},
-    Unit{&DateComponents::minutes,
-         1,
-         {"DateComponents.minute", "minute"},
-         {"DateComponents.minutes", "minutes"}},
-    Unit{&DateComponents::seconds,
-         2,
-         {"DateComponents.second", "second"},
-         {"DateComponents.seconds", "seconds"}},
+constexpr std::array durationUnits = {
+    DurationUnit{&DateComponents::years,
+                 0,
+                 {"DateComponents.year", "year"},
+                 {"DateComponents.years", "years"}},
+    DurationUnit{&DateComponents::months,
+                 0,
+                 {"DateComponents.month", "month"},
+                 {"DateComponents.months", "months"}},
+    DurationUnit{
+        &DateComponents::days, 0, {"DateComponents.day", "day"}, {"DateComponents.days", "days"}},
+    DurationUnit{&DateComponents::hours,
+                 1,
+                 {"DateComponents.hour", "hour"},
+                 {"DateComponents.hours", "hours"}},
+    DurationUnit{&DateComponents::minutes,
+                 1,
+                 {"DateComponents.minute", "minute"},
+                 {"DateComponents.minutes", "minutes"}},
+    DurationUnit{&DateComponents::seconds,
+                 2,
+                 {"DateComponents.second", "second"},
+                 {"DateComponents.seconds", "seconds"}},
 };
 
 }  // namespace
@@ -46,7 +47,7 @@ constexpr std::array units = {
 std::string durationString(const DateComponents& components) {
     std::string text;
     int shownGroup = 0;
-    for (const Unit& unit : units) {
+    for (const DurationUnit& unit : durationUnits) {
         const int count = components.*unit.count;
         if (!text.empty() && unit.group != shownGroup) break;
         if (count == 0) continue;

@@ -8,24 +8,24 @@ namespace orv {
 
 namespace {
 
-struct Unit {
+struct SizeUnit {
     std::int64_t bytes;
     quelm::LocalizedText format;
 };
 
 constexpr std::int64_t kilobyte = 1024;
 // the largest first
-constexpr std::array units = {
-    Unit{kilobyte * kilobyte * kilobyte, {"FileSize.Gbytes", "%.1f GB"}},
-    Unit{kilobyte * kilobyte, {"FileSize.Mbytes", "%.1f MB"}},
-    Unit{kilobyte, {"FileSize.Kbytes", "%.1f KB"}},
+constexpr std::array sizeUnits = {
+    SizeUnit{kilobyte * kilobyte * kilobyte, {"FileSize.Gbytes", "%.1f GB"}},
+    SizeUnit{kilobyte * kilobyte, {"FileSize.Mbytes", "%.1f MB"}},
+    SizeUnit{kilobyte, {"FileSize.Kbytes", "%.1f KB"}},
 };
 
 }  // namespace
 
 std::string FileSizeString(std::int64_t bytes) {
     if (bytes < 0) return "---";
-    for (const auto& [size, format] : units) {
+    for (const auto& [size, format] : sizeUnits) {
         if (bytes < size) continue;
         return quelm::FormatLocalizedString(
             format.key, format.defaultText,

@@ -7,7 +7,6 @@ namespace {
 
 using orv::ReplaceVariables;
 using orv::StyledText;
-using orv::StyleRun;
 using orv::TextVariables;
 
 TEST(TextVariables, BecomeTheirValuesEverywhere) {

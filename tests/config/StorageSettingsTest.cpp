@@ -13,7 +13,6 @@ namespace {
 
 using orv::orv_StorageSettings;
 using quelm::Array;
-using quelm::Dictionary;
 using quelm::Value;
 using Paths = std::vector<std::string>;
 

@@ -6,7 +6,6 @@
 namespace {
 
 using orv::AgentProgress;
-using quelm::Dictionary;
 constexpr const char* tooLarge = "99999999999999999999";
 
 TEST(AgentProgress, TakesStoreEventsAsTheAgentCounts) {

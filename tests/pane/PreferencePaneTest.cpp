@@ -135,7 +135,7 @@ TEST_F(ThePanel, KeepsWhatOthersStoredSinceItRead) {
     outlets_._removeFolderButton.performClick();
     answer(1);
     EXPECT_EQ(quelm::ReadPropertyListFile(folder_ / "storage_info.plist").value,
-              quelm::Value(quelm::Array{quelm::Array{"/b", true}}));
+              quelm::Value(quelm::Array(1, quelm::Array{"/b", true})));
 }
 
 TEST_F(ThePanel, TellsTheAgentOfAChangeThoughItEndsMeanwhile) {

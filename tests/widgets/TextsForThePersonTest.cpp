@@ -12,12 +12,9 @@
 
 namespace {
 
-constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
-
 TEST(TextsForThePerson, SizesHaveBinaryMultiplesAndOneDecimal) {
     const std::vector<std::pair<std::int64_t, std::string>> cases = {
-        {smallest, "---"},
+        {std::numeric_limits<std::int64_t>::min(), "---"},
         {-1, "---"},
         {0, "0 B"},
         {1023, "1023 B"},
@@ -28,7 +25,7 @@ TEST(TextsForThePerson, SizesHaveBinaryMultiplesAndOneDecimal) {
         {1'073'741'823, "1024.0 MB"},
         {1'073'741'824, "1.0 GB"},
         {std::int64_t{5} << 40U, "5120.0 GB"},
-        {largest, "8589934592.0 GB"},
+        {std::numeric_limits<std::int64_t>::max(), "8589934592.0 GB"},
     };
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(orv::FileSizeString(bytes), text);
@@ -36,7 +33,7 @@ TEST(TextsForThePerson, SizesHaveBinaryMultiplesAndOneDecimal) {
 
 TEST(TextsForThePerson, IntervalsLeaveOutWhatIsZeroAndSecondsBesideHours) {
     const std::vector<std::pair<std::int64_t, std::string>> cases = {
-        {smallest, ""},
+        {std::numeric_limits<std::int64_t>::min(), ""},
         {-3725, ""},
         {0, ""},
         {1, "1 second"},
@@ -47,7 +44,7 @@ TEST(TextsForThePerson, IntervalsLeaveOutWhatIsZeroAndSecondsBesideHours) {
         {3601, "1 hour"},
         {3725, "1 hour 2 minutes"},
         {7260, "2 hours 1 minute"},
-        {largest, "2562047788015215 hours 30 minutes"},
+        {std::numeric_limits<std::int64_t>::max(), "2562047788015215 hours 30 minutes"},
     };
     for (const auto& [seconds, text] : cases)
         EXPECT_EQ(orv::TimeIntervalToString(seconds), text) << seconds;

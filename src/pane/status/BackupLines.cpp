@@ -16,14 +16,14 @@ namespace {
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
-struct Causes {
+struct SummaryCauses {
     const AgentProgress& progress;
     const BackupSituation& situation;
 };
 
 /// Seconds; -1 without a speed. The largest speed counts, although the present one decides whether
 /// there is an estimate.
-std::int64_t estimate(const Causes& causes) {
+std::int64_t estimate(const SummaryCauses& causes) {
     const auto& [progress, situation] = causes;
     if (progress.uploadSpeedMax <= 0) return -1;
     const double speed = progress.uploadSpeedMax * situation.bandwidthSafetyFactor;
@@ -35,83 +35,87 @@ std::int64_t estimate(const Causes& causes) {
                                                               : -1;
 }
 
-std::string nothing(const Causes&) {
+std::string nothing(const SummaryCauses&) {
     return {};
 }
 
-std::string scanning(const Causes& causes) {
+std::string scanning(const SummaryCauses& causes) {
     const std::int32_t files = causes.progress.scannedFiles;
     if (files < 1) return GetLocalizedString("PrefPane.Scanning", "Scanning folders...");
     return FormatLocalizedString("PrefPane.ScanningIndexing", "Scanning folders (%d files indexed)",
                                  {files});
 }
 
-std::string suspended(const Causes& causes) {
+std::string suspended(const SummaryCauses& causes) {
     return FormatLocalizedString("PrefPane.BackupSuspended", "Backup suspended while on %@",
                                  {ActiveAdapterName(causes.progress)});
 }
 
-std::string remainingWithEstimate(const Causes& causes) {
+std::string remainingWithEstimate(const SummaryCauses& causes) {
     return FormatLocalizedString("PrefPane.StoreStatusEst", "%@ (%@) remaining",
                                  {orv::FileSizeString(causes.progress.remainingBytes()),
                                   TimeIntervalToString(estimate(causes))});
 }
 
-struct Row {
-    bool (*applies)(const Causes& causes);
-    std::string (*text)(const Causes& causes);
+struct SummaryRow {
+    bool (*applies)(const SummaryCauses& causes);
+    std::string (*text)(const SummaryCauses& causes);
     StatusImage image;
 };
 
 // the first that applies is shown
-constexpr std::array rows = {
-    Row{[](const Causes& causes) { return causes.progress.backupScanning; }, scanning,
-        StatusImage::Syncing},
-    Row{[](const Causes& causes) { return causes.progress.serverParsingXML; },
-        [](const Causes&) {
-            return GetLocalizedString("PrefPane.ServerParsingXML", "Server is calculating backup.");
-        },
-        StatusImage::Syncing},
-    Row{[](const Causes& causes) { return causes.progress.backupStoppedDueQuota; },
-        [](const Causes&) {
-            return GetLocalizedString("PrefPane.BackupStoppedDueQuota",
-                                      "Backup Stopped! Storage Quota exceeded.");
-        },
-        StatusImage::PermissionViolation},
-    Row{[](const Causes& causes) { return causes.progress.totalFolders == 0; }, nothing,
-        StatusImage::None},
-    Row{[](const Causes& causes) { return !causes.progress.is(ConnectionStatus::Connected); },
-        nothing, StatusImage::None},
-    Row{[](const Causes& causes) { return causes.situation.offlineIncomplete; },
-        [](const Causes&) {
-            return GetLocalizedString("PrefPane.VolumeOfflineIncomplete",
-                                      "Volume with incomplete backup is offline");
-        },
-        StatusImage::PermissionViolation},
-    Row{[](const Causes& causes) { return causes.progress.remainingBytes() < 1; },
-        [](const Causes&) {
-            return GetLocalizedString("PrefPane.BackupComplete", "Backup Complete");
-        },
-        StatusImage::InSync},
-    Row{[](const Causes& causes) { return causes.progress.limitBackup; }, suspended,
-        StatusImage::Syncing},
-    Row{[](const Causes& causes) {
-            return causes.progress.storeActivity > 0 && causes.progress.uploadSpeed > 0;
-        },
-        remainingWithEstimate, StatusImage::Syncing},
-    Row{[](const Causes&) { return true; },
-        [](const Causes& causes) {
-            return FormatLocalizedString("PrefPane.StoreStatus", "%@ remaining",
-                                         {orv::FileSizeString(causes.progress.remainingBytes())});
-        },
-        StatusImage::Syncing},
+constexpr std::array summaryRows = {
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.backupScanning; }, scanning,
+               StatusImage::Syncing},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.serverParsingXML; },
+               [](const SummaryCauses&) {
+                   return GetLocalizedString("PrefPane.ServerParsingXML",
+                                             "Server is calculating backup.");
+               },
+               StatusImage::Syncing},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.backupStoppedDueQuota; },
+               [](const SummaryCauses&) {
+                   return GetLocalizedString("PrefPane.BackupStoppedDueQuota",
+                                             "Backup Stopped! Storage Quota exceeded.");
+               },
+               StatusImage::PermissionViolation},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.totalFolders == 0; },
+               nothing, StatusImage::None},
+    SummaryRow{[](const SummaryCauses& causes) {
+                   return !causes.progress.is(ConnectionStatus::Connected);
+               },
+               nothing, StatusImage::None},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.situation.offlineIncomplete; },
+               [](const SummaryCauses&) {
+                   return GetLocalizedString("PrefPane.VolumeOfflineIncomplete",
+                                             "Volume with incomplete backup is offline");
+               },
+               StatusImage::PermissionViolation},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.remainingBytes() < 1; },
+               [](const SummaryCauses&) {
+                   return GetLocalizedString("PrefPane.BackupComplete", "Backup Complete");
+               },
+               StatusImage::InSync},
+    SummaryRow{[](const SummaryCauses& causes) { return causes.progress.limitBackup; }, suspended,
+               StatusImage::Syncing},
+    SummaryRow{[](const SummaryCauses& causes) {
+                   return causes.progress.storeActivity > 0 && causes.progress.uploadSpeed > 0;
+               },
+               remainingWithEstimate, StatusImage::Syncing},
+    SummaryRow{[](const SummaryCauses&) { return true; },
+               [](const SummaryCauses& causes) {
+                   return FormatLocalizedString(
+                       "PrefPane.StoreStatus", "%@ remaining",
+                       {orv::FileSizeString(causes.progress.remainingBytes())});
+               },
+               StatusImage::Syncing},
 };
 
-const Row& rowOf(const Causes& causes) {
-    for (const Row& row : rows) {
+const SummaryRow& summaryRow(const SummaryCauses& causes) {
+    for (const SummaryRow& row : summaryRows) {
         if (row.applies(causes)) return row;
     }
-    return rows.back();
+    return summaryRows.back();
 }
 
 std::string summaryOf(const AgentProgress& progress) {
@@ -137,8 +141,8 @@ LinkedText invitation() {
 
 BackupLines ComposeBackupLines(const AgentProgress& progress, const BackupSituation& situation) {
     if (!situation.isWanted()) return {};
-    const Causes causes{progress, situation};
-    const Row& row = rowOf(causes);
+    const SummaryCauses causes{progress, situation};
+    const SummaryRow& row = summaryRow(causes);
     BackupLines lines{.summary = summaryOf(progress),
                       .state = StatusLine{{row.text(causes)}, row.image}};
     const bool isUnconfigured =

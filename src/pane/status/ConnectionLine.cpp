@@ -24,7 +24,7 @@ enum class Info {
     LowDiskSpace,
 };
 
-struct Row {
+struct ConnectionRow {
     ConnectionStatus status;
     /// A format that takes the user's name.
     LocalizedText text;
@@ -34,34 +34,34 @@ struct Row {
 };
 
 constexpr LocalizedText disconnected{"PrefPane.Disconnected", "%@ disconnected"};
-constexpr std::array rows = {
-    Row{ConnectionStatus::Connecting,
-        {"PrefPane.Connecting", "%@ connecting..."},
-        Info::Nothing,
-        true,
-        true},
-    Row{ConnectionStatus::LoggingIn,
-        {"PrefPane.LoggingIn", "Logging in..."},
-        Info::Nothing,
-        true,
-        false},
-    Row{ConnectionStatus::Connected,
-        {"PrefPane.LoggedIn", "%@ connected"},
-        Info::Duration,
-        true,
-        false},
-    Row{ConnectionStatus::WaitingToReconnect,
-        {"PrefPane.WaitReconnect", "%@ waiting to reconnect..."},
-        Info::NothingOrError,
-        false,
-        true},
-    Row{ConnectionStatus::NoDiskSpace, disconnected, Info::LowDiskSpace, false, true},
+constexpr std::array connectionRows = {
+    ConnectionRow{ConnectionStatus::Connecting,
+                  {"PrefPane.Connecting", "%@ connecting..."},
+                  Info::Nothing,
+                  true,
+                  true},
+    ConnectionRow{ConnectionStatus::LoggingIn,
+                  {"PrefPane.LoggingIn", "Logging in..."},
+                  Info::Nothing,
+                  true,
+                  false},
+    ConnectionRow{ConnectionStatus::Connected,
+                  {"PrefPane.LoggedIn", "%@ connected"},
+                  Info::Duration,
+                  true,
+                  false},
+    ConnectionRow{ConnectionStatus::WaitingToReconnect,
+                  {"PrefPane.WaitReconnect", "%@ waiting to reconnect..."},
+                  Info::NothingOrError,
+                  false,
+                  true},
+    ConnectionRow{ConnectionStatus::NoDiskSpace, disconnected, Info::LowDiskSpace, false, true},
 };
-constexpr Row notConnected{ConnectionStatus::Unknown, disconnected, Info::NothingOrError, false,
-                           true};
+constexpr ConnectionRow notConnected{ConnectionStatus::Unknown, disconnected, Info::NothingOrError,
+                                     false, true};
 
-const Row& rowOf(std::uint32_t status) {
-    for (const Row& row : rows) {
+const ConnectionRow& connectionRow(std::uint32_t status) {
+    for (const ConnectionRow& row : connectionRows) {
         if (static_cast<std::uint32_t>(row.status) == status) return row;
     }
     return notConnected;
@@ -107,7 +107,7 @@ std::string ActiveAdapterName(const AgentProgress& progress) {
 
 ConnectionLine ComposeConnectionLine(const AgentProgress& progress, const std::string& fullName,
                                      bool showsError, std::int64_t now) {
-    const Row& row = rowOf(progress.status);
+    const ConnectionRow& row = connectionRow(progress.status);
     ConnectionLine line{
         .text = FormatLocalizedString(row.text.key, row.text.defaultText, {fullName}),
         .info = "",

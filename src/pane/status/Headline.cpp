@@ -37,7 +37,7 @@ struct Message {
     std::string address = {};
 };
 
-struct Row {
+struct HeadlineRow {
     bool (*applies)(const Causes& causes);
     Message (*message)(const Causes& causes);
     const char* image;
@@ -151,81 +151,86 @@ Message violations(const Causes&) {
 }
 
 // the first that applies
-constexpr std::array rows = {
-    Row{[](const Causes& c) {
-            return c.is(ConnectionStatus::Connecting) || c.is(ConnectionStatus::LoggingIn);
-        },
-        connecting, "waiting"},
-    Row{[](const Causes& c) { return c.is(ConnectionStatus::NoDiskSpace); }, lowDiskSpace,
-        "warning"},
-    Row{[](const Causes& c) { return c.is(ConnectionStatus::WaitingToReconnect); },
-        waitingToReconnect, "offline"},
-    Row{isNotConnected, offline, "offline"},
-    Row{[](const Causes& c) { return c.progress.backupStoppedDueQuota; }, quotaExceeded,
-        "permissionViolation"},
-    Row{[](const Causes& c) { return c.isBackupWanted() && c.progress.backupScanning; },
-        [](const Causes&) -> Message {
-            return {GetLocalizedString("Headline.Scanning", "Looking for what has changed...")};
-        },
-        "syncing"},
-    Row{[](const Causes& c) { return c.isBackupWanted() && c.progress.serverParsingXML; },
-        [](const Causes&) -> Message {
-            return {GetLocalizedString("Headline.ServerParses",
-                                       "The service works out what is left to back up...")};
-        },
-        "syncing"},
-    Row{[](const Causes& c) {
-            return c.isBackupWanted() && c.hasFolders() && c.inputs.backup.offlineIncomplete;
-        },
-        volumeAway, "permissionViolation"},
-    Row{[](const Causes& c) {
-            return c.isBackupWanted() && !c.isReported() &&
-                   (c.hasFolders() || c.inputs.backup.hasBackupPaths);
-        },
-        nothingReported, "waiting"},
-    Row{[](const Causes& c) { return c.isBackupWanted() && !c.hasFolders(); }, noFolders,
-        "warning"},
-    Row{[](const Causes& c) {
-            return c.isBackupWanted() && c.remaining() > 0 && c.progress.limitBackup;
-        },
-        networkForbids, "waiting"},
-    Row{[](const Causes& c) { return c.isBackupWanted() && c.remaining() > 0; }, backingUp,
-        "syncing"},
-    Row{[](const Causes& c) { return !c.progress.storeWarnMsg.empty(); }, serverWarning, "warning"},
-    Row{[](const Causes& c) { return c.isBackupWanted() && c.progress.bannedFiles > 0; },
-        refusedFiles, "warning"},
-    Row{[](const Causes& c) { return c.inputs.syncEnabled && c.progress.syncQuotaStatus != 0; },
+constexpr std::array headlineRows = {
+    HeadlineRow{[](const Causes& c) {
+                    return c.is(ConnectionStatus::Connecting) || c.is(ConnectionStatus::LoggingIn);
+                },
+                connecting, "waiting"},
+    HeadlineRow{[](const Causes& c) { return c.is(ConnectionStatus::NoDiskSpace); }, lowDiskSpace,
+                "warning"},
+    HeadlineRow{[](const Causes& c) { return c.is(ConnectionStatus::WaitingToReconnect); },
+                waitingToReconnect, "offline"},
+    HeadlineRow{isNotConnected, offline, "offline"},
+    HeadlineRow{[](const Causes& c) { return c.progress.backupStoppedDueQuota; }, quotaExceeded,
+                "permissionViolation"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted() && c.progress.backupScanning; },
+                [](const Causes&) -> Message {
+                    return {
+                        GetLocalizedString("Headline.Scanning", "Looking for what has changed...")};
+                },
+                "syncing"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted() && c.progress.serverParsingXML; },
+                [](const Causes&) -> Message {
+                    return {GetLocalizedString("Headline.ServerParses",
+                                               "The service works out what is left to back up...")};
+                },
+                "syncing"},
+    HeadlineRow{[](const Causes& c) {
+                    return c.isBackupWanted() && c.hasFolders() &&
+                           c.inputs.backup.offlineIncomplete;
+                },
+                volumeAway, "permissionViolation"},
+    HeadlineRow{[](const Causes& c) {
+                    return c.isBackupWanted() && !c.isReported() &&
+                           (c.hasFolders() || c.inputs.backup.hasBackupPaths);
+                },
+                nothingReported, "waiting"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted() && !c.hasFolders(); }, noFolders,
+                "warning"},
+    HeadlineRow{[](const Causes& c) {
+                    return c.isBackupWanted() && c.remaining() > 0 && c.progress.limitBackup;
+                },
+                networkForbids, "waiting"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted() && c.remaining() > 0; }, backingUp,
+                "syncing"},
+    HeadlineRow{[](const Causes& c) { return !c.progress.storeWarnMsg.empty(); }, serverWarning,
+                "warning"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted() && c.progress.bannedFiles > 0; },
+                refusedFiles, "warning"},
+    HeadlineRow{
+        [](const Causes& c) { return c.inputs.syncEnabled && c.progress.syncQuotaStatus != 0; },
         projectStorage, "permissionViolation"},
-    Row{[](const Causes& c) { return c.inputs.syncEnabled && c.inputs.violations > 0; }, violations,
-        "permissionViolation"},
-    Row{[](const Causes& c) { return c.inputs.syncEnabled && !c.progress.timeLeft.empty(); },
+    HeadlineRow{[](const Causes& c) { return c.inputs.syncEnabled && c.inputs.violations > 0; },
+                violations, "permissionViolation"},
+    HeadlineRow{
+        [](const Causes& c) { return c.inputs.syncEnabled && !c.progress.timeLeft.empty(); },
         [](const Causes&) -> Message {
             return {GetLocalizedString("Headline.Syncing", "Your projects are being synced.")};
         },
         "syncing"},
-    Row{[](const Causes& c) { return c.isBackupWanted(); },
-        [](const Causes&) -> Message {
-            return {GetLocalizedString("Headline.Complete", "Everything is backed up.")};
-        },
-        "in-sync"},
-    Row{[](const Causes& c) { return c.inputs.syncEnabled; },
-        [](const Causes&) -> Message {
-            return {GetLocalizedString("Headline.Synced", "Your projects are up to date.")};
-        },
-        "in-sync"},
-    Row{[](const Causes&) { return true; },
-        [](const Causes&) -> Message {
-            return {GetLocalizedString("Headline.NothingToDo",
-                                       "Neither backup nor projects are switched on.")};
-        },
-        "waiting"},
+    HeadlineRow{[](const Causes& c) { return c.isBackupWanted(); },
+                [](const Causes&) -> Message {
+                    return {GetLocalizedString("Headline.Complete", "Everything is backed up.")};
+                },
+                "in-sync"},
+    HeadlineRow{[](const Causes& c) { return c.inputs.syncEnabled; },
+                [](const Causes&) -> Message {
+                    return {GetLocalizedString("Headline.Synced", "Your projects are up to date.")};
+                },
+                "in-sync"},
+    HeadlineRow{[](const Causes&) { return true; },
+                [](const Causes&) -> Message {
+                    return {GetLocalizedString("Headline.NothingToDo",
+                                               "Neither backup nor projects are switched on.")};
+                },
+                "waiting"},
 };
 
-const Row& rowOf(const Causes& causes) {
-    for (const Row& row : rows) {
+const HeadlineRow& headlineRow(const Causes& causes) {
+    for (const HeadlineRow& row : headlineRows) {
         if (row.applies(causes)) return row;
     }
-    return rows.back();
+    return headlineRows.back();
 }
 
 /// How many days have passed without a complete backup; none while that is no reason to warn.
@@ -255,7 +260,7 @@ bool IsBackupComplete(const AgentProgress& progress, const StatusInputs& inputs)
 Headline ComposeHeadline(const AgentProgress& progress, const StatusInputs& inputs,
                          const std::string& agentError, std::int64_t now) {
     const Causes causes{progress, inputs, agentError};
-    const Row& row = rowOf(causes);
+    const HeadlineRow& row = headlineRow(causes);
     const Message message = row.message(causes);
     Headline headline{{message.text}, row.image};
     const auto days = causes.isBackupWanted() ? daysOverdue(inputs, now) : std::nullopt;

@@ -69,6 +69,7 @@ void reapAtItsEnd(pid_t child) {
 int StartDetached(const std::vector<std::string>& words) {
     if (words.empty() || words.front().empty()) return EINVAL;
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (const std::string& word : words)
         pointers.push_back(const_cast<char*>(word.c_str()));
     pointers.push_back(nullptr);
