@@ -61,6 +61,13 @@ class TextField final : public View {
     void setStringValue(std::string text) { assign(text_, LinkedText{std::move(text)}); }
     void setText(LinkedText text) { assign(text_, std::move(text)); }
 
+    /// As the person does, with every key.
+    void enterText(std::string text) {
+        setStringValue(std::move(text));
+        if (textDidChange_) textDidChange_();
+    }
+    void setTextDidChange(std::function<void()> action) { textDidChange_ = std::move(action); }
+
     /// The person should see all of it selected, to type it anew.
     void selectText() {
         ++selections_;
@@ -71,6 +78,7 @@ class TextField final : public View {
  private:
     LinkedText text_;
     std::size_t selections_ = 0;
+    std::function<void()> textDidChange_;
 };
 
 // Make a part of the field's text, in bytes, a link. What lies outside the text is left out.
@@ -118,6 +126,7 @@ class Button : public View {
     Action action_;
 };
 
+/// Also a radio button, whose group the controller keeps.
 class CheckBox final : public Button {
  public:
     [[nodiscard]] bool isOn() const { return on_; }
