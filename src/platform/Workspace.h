@@ -1,10 +1,22 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform {
+
+/// What the desktop takes a file or folder for, as bits.
+enum ItemFlag : std::uint32_t {
+    /// A folder that stands for one document.
+    PackageItem = 2,
+    ApplicationItem = 4,
+    /// Any folder, packages too.
+    ContainerItem = 8,
+    InvisibleItem = 64,
+};
 
 /// What the desktop knows about files, and what it opens and starts. Any thread.
 class Workspace {
@@ -19,6 +31,11 @@ class Workspace {
     /// The file's uniform type ("com.microsoft.word.doc") where the system knows one, else its
     /// MIME type; none for what cannot be read.
     [[nodiscard]] virtual std::optional<std::string> contentType(const std::string& path) = 0;
+
+    /// ItemFlag bits of a folder of that name; asks no disk.
+    [[nodiscard]] virtual std::uint32_t folderFlags(std::string_view name) = 0;
+    /// The names that a folder asks the desktop to hide.
+    [[nodiscard]] virtual std::vector<std::string> hiddenNames(const std::string& folder) = 0;
 
     // Each returns without waiting for what it starts: true says only that it was started.
 

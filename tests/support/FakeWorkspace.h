@@ -14,6 +14,10 @@ class FakeWorkspace final : public platform::Workspace {
     std::optional<std::string> trash;
     /// Path to content type.
     std::map<std::string, std::string> types;
+    /// Names of folders to their flags; any other is a plain folder.
+    std::map<std::string, std::uint32_t, std::less<>> flags;
+    /// Folder to the names that it hides.
+    std::map<std::string, std::vector<std::string>> hidden;
     /// What `recordTrashed` was told: original path, trashed path.
     std::vector<std::pair<std::string, std::string>> trashed;
     /// What the calls of these names were given, and what they answer.
@@ -31,6 +35,16 @@ class FakeWorkspace final : public platform::Workspace {
     std::optional<std::string> contentType(const std::string& path) override {
         const auto found = types.find(path);
         return found != types.end() ? std::optional(found->second) : std::nullopt;
+    }
+
+    std::uint32_t folderFlags(std::string_view name) override {
+        const auto found = flags.find(name);
+        return found != flags.end() ? found->second : platform::ContainerItem;
+    }
+
+    std::vector<std::string> hiddenNames(const std::string& folder) override {
+        const auto found = hidden.find(folder);
+        return found != hidden.end() ? found->second : std::vector<std::string>();
     }
 
     bool openAddress(const std::string& address) override {

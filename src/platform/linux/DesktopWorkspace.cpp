@@ -15,6 +15,7 @@
 
 #include "platform/FileDescriptor.h"
 #include "platform/linux/DetachedProgram.h"
+#include "platform/linux/FolderKinds.h"
 #include "platform/linux/TrashInfo.h"
 #include "platform/linux/UniformTypes.h"
 
@@ -111,6 +112,14 @@ std::optional<std::string> DesktopWorkspace::contentType(const std::string& path
     const auto mimeType = fileTypes_.mimeType(file.get());
     if (!mimeType) return std::nullopt;
     return UniformType(*mimeType);
+}
+
+std::uint32_t DesktopWorkspace::folderFlags(std::string_view name) {
+    return FlagsOfFolderName(name);
+}
+
+std::vector<std::string> DesktopWorkspace::hiddenNames(const std::string& folder) {
+    return ReadHiddenNames(folder);
 }
 
 bool DesktopWorkspace::openAddress(const std::string& address) {

@@ -18,6 +18,10 @@ class DesktopWorkspace final : public Workspace {
     void recordTrashed(const std::string& originalPath, const std::string& trashedPath) override;
     /// Looks into regular files only.
     [[nodiscard]] std::optional<std::string> contentType(const std::string& path) override;
+    /// Folders of applications and bundles are told by their extensions.
+    [[nodiscard]] std::uint32_t folderFlags(std::string_view name) override;
+    /// From its file ".hidden", a name a line.
+    [[nodiscard]] std::vector<std::string> hiddenNames(const std::string& folder) override;
     bool openAddress(const std::string& address) override;
     bool openPath(const std::string& path) override;
     bool startProgram(const std::vector<std::string>& words) override;
