@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,12 @@ class SummaryPanel {
     void setBackupEnabled(bool enabled) { figures_.backupEnabled = enabled; }
     void setSyncEnabled(bool enabled) { figures_.syncEnabled = enabled; }
 
+    /// While the person chooses what to back up: its size, and how much of it is stored, in bytes.
+    void setUserSelectionSize(std::int64_t size, std::int64_t storedSize) {
+        figures_.thisComputer = size;
+        storedSize_ = storedSize;
+    }
+
     /// What the pie is to show too.
     [[nodiscard]] const StorageFigures& figures() const { return figures_; }
     /// From the top.
@@ -30,6 +37,8 @@ class SummaryPanel {
 
  private:
     StorageFigures figures_;
+    /// Negative while nothing is being chosen.
+    std::int64_t storedSize_ = -1;
 };
 
 }  // namespace orv

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 
+#include "config/AgentSettings.h"
 #include "foundation/paths/PathClassification.h"
 #include "platform/Services.h"
 
@@ -50,6 +51,14 @@ std::optional<platform::Volume> volumeOf(const std::string& path) {
 }
 
 }  // namespace
+
+std::uint32_t AllowedVolumes(const orvAgentSettings& settings) {
+    std::uint32_t mask = 0;
+    if (settings.allowReadonlyDriveShares()) mask |= ALLOW_READ_ONLY_VOLUMES;
+    if (settings.allowNetworkDriveShares()) mask |= ALLOW_NETWORK_VOLUMES;
+    if (settings.allowExternalDriveShares()) mask |= ALLOW_EXTERNAL_VOLUMES;
+    return mask;
+}
 
 std::vector<std::string> GetExcludedVolumes(std::uint32_t mask) {
     std::vector<std::string> excluded;

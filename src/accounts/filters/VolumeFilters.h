@@ -14,6 +14,11 @@ enum EAllowedVolumes : std::uint32_t {
     ALLOW_ALL_VOLUMES = 7,
 };
 
+class orvAgentSettings;
+
+/// What the account allows, as such bits.
+[[nodiscard]] std::uint32_t AllowedVolumes(const orvAgentSettings& settings);
+
 // A volume that cannot be asked hides nothing. Any thread; none waits for a slow volume.
 
 /// The mount points of the volumes that are not allowed; never "/".

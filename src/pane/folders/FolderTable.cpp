@@ -19,14 +19,6 @@ namespace orv {
 
 namespace {
 
-std::uint32_t allowedVolumes(const orvAgentSettings& settings) {
-    std::uint32_t mask = 0;
-    if (settings.allowReadonlyDriveShares()) mask |= ALLOW_READ_ONLY_VOLUMES;
-    if (settings.allowNetworkDriveShares()) mask |= ALLOW_NETWORK_VOLUMES;
-    if (settings.allowExternalDriveShares()) mask |= ALLOW_EXTERNAL_VOLUMES;
-    return mask;
-}
-
 /// The allowed ones, and behind them those that hold stored data all the same.
 std::vector<std::string> listedPaths(std::uint32_t mask, const std::vector<std::string>& selected,
                                      const orv_StorageFoldersInfo& info) {
@@ -72,7 +64,7 @@ FolderTable::~FolderTable() {
 void FolderTable::loadStorageSettings(const AccountRecords& records,
                                       const std::string& exceptionsFile) {
     question_ = std::make_shared<const Question>(
-        Question{allowedVolumes(records.agentSettings), records.storageSettings.topLevelPaths(),
+        Question{AllowedVolumes(records.agentSettings), records.storageSettings.topLevelPaths(),
                  records.storageFoldersInfo, exceptionsFile});
     lookUps_.ask();
 }

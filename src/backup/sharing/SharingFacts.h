@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "accounts/Account.h"
+#include "backup/scanner/ScannerFilters.h"
+#include "backup/sharing/ExcludedFiles.h"
+#include "backup/tree/FileSystemTree.h"
+#include "backup/tree/PreparedCatalogue.h"
+#include "platform/Services.h"
+
+namespace orv {
+
+/// What the files of an account say when its folders are to be chosen.
+struct SharingRecords {
+    explicit SharingRecords(const std::string& accountFolder)
+        : folder(accountFolder), records(accountFolder), excludedFiles(accountFolder) {}
+
+    /// Reads them anew. Waits for locks.
+    void load();
+    /// The paths that storage knows something of.
+    [[nodiscard]] bool isStored(std::string_view path) const {
+        return records.storageFoldersInfo.findInfoForPath(path) != nullptr;
+    }
+
+    std::string folder;
+    AccountRecords records;
+    ExcludedFiles excludedFiles;
+    /// Without the folders that are never entered.
+    ScannerFilters filters;
+    /// The stored selection is there, and nobody knows what it says: it must not be replaced.
+    bool isSelectionUnreadable = false;
+    /// What a person should know of the files; empty for nothing.
+    std::string problem = {};
+};
+
+/// The tree with the stored selection, and what it and the scanner leave out.
+struct SharingTree {
+    /// Asks the disk no more.
+    std::unique_ptr<PreparedCatalogue> catalogue;
+    std::unique_ptr<FileSystemTree> tree;
+    PathSet unscannedFolders;
+    /// Stored paths that the tree does not take.
+    std::vector<std::string> refused;
+};
+
+/// Looks at disks, which may take long. Any thread.
+[[nodiscard]] SharingTree BuildSharingTree(const SharingRecords& account,
+                                           platform::Services& services);
+
+/// Mount points that are never entered: of pseudo file systems and of excluded volumes.
+[[nodiscard]] PathSet UnscannedFolders(platform::Volumes& volumes,
+                                       const std::vector<std::string>& excludedVolumes);
+
+}  // namespace orv
