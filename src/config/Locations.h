@@ -54,6 +54,7 @@ inline constexpr const char* serverInfo = "server_info.plist";
 inline constexpr const char* storageInfo = "storage_info.plist";
 inline constexpr const char* shareInfo = "share_info.plist";
 inline constexpr const char* filterInfo = "filter_info.plist";
+inline constexpr const char* excludedFiles = "excluded_files.plist";
 inline constexpr const char* storageExceptions = "storage_exceptions.xml";
 inline constexpr const char* branding = "branding.plist";
 inline constexpr const char* printerInfo = "printer_info.plist";
