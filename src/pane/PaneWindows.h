@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backup/sharing/SharingOutlets.h"
 #include "pane/password/OnlinePasswordOutlets.h"
 #include "pane/settings/AdvancedSettingsOutlets.h"
 
@@ -13,8 +14,11 @@ class PaneWindows {
 
     virtual void showOnlinePassword(OnlinePasswordOutlets& outlets) = 0;
     virtual void showAdvancedSettings(AdvancedSettingsOutlets& outlets) = 0;
+    /// With the dialogs that it opens.
+    virtual void showSharing(SharingOutlets& outlets) = 0;
     virtual void release(OnlinePasswordOutlets& outlets) = 0;
     virtual void release(AdvancedSettingsOutlets& outlets) = 0;
+    virtual void release(SharingOutlets& outlets) = 0;
     /// Brings the panel to the front.
     virtual void activate() = 0;
 };

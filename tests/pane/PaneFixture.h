@@ -66,13 +66,16 @@ class FakeWindows final : public orv::PaneWindows {
  public:
     orv::OnlinePasswordOutlets* password = nullptr;
     orv::AdvancedSettingsOutlets* advanced = nullptr;
+    orv::SharingOutlets* sharing = nullptr;
 
     void showOnlinePassword(orv::OnlinePasswordOutlets& outlets) override { password = &outlets; }
     void showAdvancedSettings(orv::AdvancedSettingsOutlets& outlets) override {
         advanced = &outlets;
     }
+    void showSharing(orv::SharingOutlets& outlets) override { sharing = &outlets; }
     void release(orv::OnlinePasswordOutlets&) override { password = nullptr; }
     void release(orv::AdvancedSettingsOutlets&) override { advanced = nullptr; }
+    void release(orv::SharingOutlets&) override { sharing = nullptr; }
     void activate() override {}
 };
 

@@ -7,6 +7,7 @@
 #include "qt/binding/DialogBinding.h"
 #include "qt/binding/ImageBinding.h"
 #include "qt/binding/Mnemonics.h"
+#include "qt/binding/OutlineBinding.h"
 #include "qt/binding/TabBinding.h"
 #include "qt/binding/TableBinding.h"
 #include "qt/binding/TextBindings.h"
@@ -46,8 +47,8 @@ void Bindings::bind(Button& outlet, QAbstractButton* button) {
     add<ButtonBinding>(outlet, *button, titleChanged());
 }
 
-void Bindings::bind(CheckBox& outlet, QCheckBox* box) {
-    add<CheckBoxBinding>(outlet, *box, titleChanged());
+void Bindings::bind(CheckBox& outlet, QAbstractButton* button) {
+    add<CheckBoxBinding>(outlet, *button, titleChanged());
 }
 
 void Bindings::bind(PopUpButton& outlet, QComboBox* box) {
@@ -64,6 +65,10 @@ void Bindings::bind(TabView& outlet, QTabWidget* tabs) {
 
 void Bindings::bind(TableView& outlet, RowTable* table) {
     add<TableBinding>(outlet, *table);
+}
+
+void Bindings::bind(OutlineView& outlet, OutlineTree* tree) {
+    add<OutlineBinding>(outlet, *tree, context_->icons);
 }
 
 void Bindings::bind(ProgressIndicator& outlet, BusyIndicator* indicator) {

@@ -8,11 +8,11 @@
 #include "qt/binding/ViewBinding.h"
 #include "qt/binding/WindowContext.h"
 #include "widgets/ModelView.h"
+#include "widgets/OutlineView.h"
 #include "widgets/TabView.h"
 #include "widgets/TableView.h"
 
 class QAbstractButton;
-class QCheckBox;
 class QComboBox;
 class QDialog;
 class QLabel;
@@ -24,6 +24,7 @@ namespace orv {
 class BusyIndicator;
 class ImageLabel;
 class NoticeStrip;
+class OutlineTree;
 class RowTable;
 
 /// A model that a widget shows by `setModel`.
@@ -50,11 +51,13 @@ class Bindings final {
     void bind(TextField& outlet, QLineEdit* edit);
     void bind(TextField& outlet, NoticeStrip* strip);
     void bind(Button& outlet, QAbstractButton* button);
-    void bind(CheckBox& outlet, QCheckBox* box);
+    /// A check box, or a radio button that excludes no others by itself.
+    void bind(CheckBox& outlet, QAbstractButton* button);
     void bind(PopUpButton& outlet, QComboBox* box);
     void bind(ImageView& outlet, ImageLabel* label);
     void bind(TabView& outlet, QTabWidget* tabs);
     void bind(TableView& outlet, RowTable* table);
+    void bind(OutlineView& outlet, OutlineTree* tree);
     void bind(ProgressIndicator& outlet, BusyIndicator* indicator);
     void bind(DialogWindow& outlet, QDialog* dialog);
     template <class Model, class Widget>

@@ -38,15 +38,16 @@ void ButtonBinding::show() {
     if (showTitle(outlet(), widget())) titleChanged_();
 }
 
-CheckBoxBinding::CheckBoxBinding(FrameUpdates& updates, CheckBox& outlet, QCheckBox& box,
+CheckBoxBinding::CheckBoxBinding(FrameUpdates& updates, CheckBox& outlet, QAbstractButton& button,
                                  std::function<void()> titleChanged)
-    : ViewBinding(updates, outlet, box), titleChanged_(std::move(titleChanged)) {
-    takeTitle(outlet, box);
-    QObject::connect(&box, &QCheckBox::clicked, &receiver(), [this](bool on) { clicked(on); });
+    : ViewBinding(updates, outlet, button), titleChanged_(std::move(titleChanged)) {
+    takeTitle(outlet, button);
+    QObject::connect(&button, &QAbstractButton::clicked, &receiver(),
+                     [this](bool on) { clicked(on); });
 }
 
 void CheckBoxBinding::clicked(bool on) {
-    mark();  // the box has moved already, and the outlet may stay as it is
+    mark();  // the button has moved already, and the outlet may stay as it is
     if (outlet().isHidden() || !outlet().isEnabled()) return;
     // what the person saw counts, even if the outlet has changed since the last frame
     outlet().setOn(!on);

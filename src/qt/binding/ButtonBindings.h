@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QCheckBox>
 #include <QComboBox>
 #include <functional>
 
@@ -22,9 +21,9 @@ class ButtonBinding final : public ViewBinding<Button, QAbstractButton> {
     std::function<void()> titleChanged_;
 };
 
-class CheckBoxBinding final : public ViewBinding<CheckBox, QCheckBox> {
+class CheckBoxBinding final : public ViewBinding<CheckBox, QAbstractButton> {
  public:
-    CheckBoxBinding(FrameUpdates& updates, CheckBox& outlet, QCheckBox& box,
+    CheckBoxBinding(FrameUpdates& updates, CheckBox& outlet, QAbstractButton& button,
                     std::function<void()> titleChanged);
 
  private:

@@ -34,7 +34,7 @@ void NoticeBinding::show() {
 LineEditBinding::LineEditBinding(FrameUpdates& updates, TextField& outlet, QLineEdit& edit)
     : ViewBinding(updates, outlet, edit), selections_(outlet.selections()) {
     QObject::connect(&edit, &QLineEdit::textEdited, &receiver(),
-                     [&outlet](const QString& text) { outlet.setStringValue(FromQt(text)); });
+                     [&outlet](const QString& text) { outlet.enterText(FromQt(text)); });
 }
 
 void LineEditBinding::show() {

@@ -3,7 +3,10 @@
 #include <QWidget>
 
 #include "qt/windows/AdvancedSettingsWindow.h"
+#include "qt/windows/ExcludeFiltersWindow.h"
+#include "qt/windows/LeftOutWindow.h"
 #include "qt/windows/OnlinePasswordWindow.h"
+#include "qt/windows/SharingWindow.h"
 
 namespace orv {
 
@@ -20,12 +23,25 @@ void QtPaneWindows::showAdvancedSettings(AdvancedSettingsOutlets& outlets) {
         advanced_ = std::make_unique<AdvancedSettingsWindow>(context_, outlets, &mainWindow_);
 }
 
+void QtPaneWindows::showSharing(SharingOutlets& outlets) {
+    release(outlets);
+    sharing_ = std::make_unique<SharingWindow>(context_, outlets, &mainWindow_);
+    exclude_ = std::make_unique<ExcludeFiltersWindow>(context_, outlets.exclude, sharing_.get());
+    leftOut_ = std::make_unique<LeftOutWindow>(context_, outlets.leftOut, sharing_.get());
+}
+
 void QtPaneWindows::release(OnlinePasswordOutlets& /*outlets*/) {
     password_.reset();
 }
 
 void QtPaneWindows::release(AdvancedSettingsOutlets& /*outlets*/) {
     advanced_.reset();
+}
+
+void QtPaneWindows::release(SharingOutlets& /*outlets*/) {
+    leftOut_.reset();
+    exclude_.reset();
+    sharing_.reset();
 }
 
 void QtPaneWindows::activate() {

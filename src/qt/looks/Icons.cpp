@@ -1,5 +1,6 @@
 #include "qt/looks/Icons.h"
 
+#include <QFile>
 #include <algorithm>
 #include <memory>
 #include <string>
@@ -43,6 +44,16 @@ QIcon Icons::icon(const QString& name) const {
     const auto found = icons_.constFind(name);
     if (found != icons_.cend()) return *found;
     return *icons_.insert(name, load(folder_, name));
+}
+
+QIcon Icons::iconOrTheme(const QString& name) const {
+    const auto found = icons_.constFind(name);
+    if (found != icons_.cend()) return *found;
+    const bool isOwn = isFileName(name) && QFile::exists(folder_ + name + QStringLiteral(".svg"));
+    if (isOwn) return icon(name);
+    // a path would be opened as an image
+    const QIcon theme = name.contains(u'/') ? QIcon() : QIcon::fromTheme(name);
+    return *icons_.insert(name, theme);
 }
 
 }  // namespace orv

@@ -16,6 +16,8 @@ class Icons final {
     Icons(const QString& resources, Appearance appearance);
 
     [[nodiscard]] QIcon icon(const QString& name) const;
+    /// The same, or that of the desktop's theme where this product has none.
+    [[nodiscard]] QIcon iconOrTheme(const QString& name) const;
     /// Stands for the name from now on.
     void replace(const QString& name, const QIcon& icon) { icons_.insert(name, icon); }
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
+#include <utility>
 
 #include "qt/looks/Spacing.h"
 
@@ -85,6 +86,45 @@ void drawCheckMark(QPainter& painter, const QRectF& box, const QColor& color) {
     painter.restore();
 }
 
+void drawDash(QPainter& painter, const QRectF& box, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+    const qreal reach = box.width() * 0.24;
+    painter.drawLine(box.center() - QPointF(reach, 0), box.center() + QPointF(reach, 0));
+    painter.restore();
+}
+
+void drawDot(QPainter& painter, const QRectF& box, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    const qreal radius = box.width() * 0.2;
+    painter.drawEllipse(box.center(), radius, radius);
+    painter.restore();
+}
+
+struct Indicator {
+    Box box;
+    QColor mark;
+};
+
+Indicator indicatorOf(const QStyleOption& option) {
+    const QPalette& palette = option.palette;
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    if (!has(option, QStyle::State_On) && !has(option, QStyle::State_NoChange)) {
+        const QColor line = palette.color(isEnabled ? QPalette::Dark : QPalette::Mid);
+        return {{reacting(palette.color(QPalette::Base), option), line}, {}};
+    }
+    QColor accent = palette.color(isEnabled ? QPalette::Highlight : QPalette::Dark);
+    QColor mark = palette.color(QPalette::HighlightedText);
+    // in a row that is selected
+    if (has(option, QStyle::State_Selected)) std::swap(accent, mark);
+    accent = reacting(accent, option);
+    return {{accent, accent}, mark};
+}
+
 }  // namespace
 
 bool IsAccented(const QStyleOption& option) {
@@ -108,15 +148,16 @@ void flatButton(const QStyleOption& option, QPainter& painter) {
 
 void checkIndicator(const QStyleOption& option, QPainter& painter) {
     constexpr qreal radius = 4;
-    const QPalette& palette = option.palette;
-    const bool isEnabled = has(option, QStyle::State_Enabled);
-    const bool isOn = has(option, QStyle::State_On);
-    const QColor accent =
-        reacting(palette.color(isEnabled ? QPalette::Highlight : QPalette::Dark), option);
-    const QColor empty = reacting(palette.color(QPalette::Base), option);
-    const QColor line = palette.color(isEnabled ? QPalette::Dark : QPalette::Mid);
-    drawBox(painter, option.rect, isOn ? Box{accent, accent} : Box{empty, line}, radius);
-    if (isOn) drawCheckMark(painter, option.rect, palette.color(QPalette::HighlightedText));
+    const Indicator colors = indicatorOf(option);
+    drawBox(painter, option.rect, colors.box, radius);
+    if (has(option, QStyle::State_On)) drawCheckMark(painter, option.rect, colors.mark);
+    if (has(option, QStyle::State_NoChange)) drawDash(painter, option.rect, colors.mark);
+}
+
+void radioIndicator(const QStyleOption& option, QPainter& painter) {
+    const Indicator colors = indicatorOf(option);
+    drawBox(painter, option.rect, colors.box, option.rect.width() / 2.0);
+    if (has(option, QStyle::State_On)) drawDot(painter, option.rect, colors.mark);
 }
 
 void comboBox(const QStyleOptionComboBox& option, QPainter& painter) {

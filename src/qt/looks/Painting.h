@@ -21,7 +21,9 @@ inline constexpr int chevronWidth = 28;
 void button(const QStyleOption& option, QPainter& painter);
 /// Only while the pointer is on it.
 void flatButton(const QStyleOption& option, QPainter& painter);
+/// A dash where it is partly on; also that of a row, on whose selection it stands out.
 void checkIndicator(const QStyleOption& option, QPainter& painter);
+void radioIndicator(const QStyleOption& option, QPainter& painter);
 void comboBox(const QStyleOptionComboBox& option, QPainter& painter);
 void field(const QStyleOption& option, QPainter& painter);
 void frame(const QStyleOption& option, QPainter& painter);

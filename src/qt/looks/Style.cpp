@@ -30,6 +30,7 @@ constexpr auto primitives = std::to_array<PrimitiveRow>({
     {QStyle::PE_PanelButtonTool, painting::flatButton},
     {QStyle::PE_FrameDefaultButton, painting::nothing},
     {QStyle::PE_IndicatorCheckBox, painting::checkIndicator},
+    {QStyle::PE_IndicatorRadioButton, painting::radioIndicator},
     {QStyle::PE_PanelLineEdit, painting::field},
     {QStyle::PE_Frame, painting::frame},
     {QStyle::PE_FrameFocusRect, painting::focus},
@@ -60,6 +61,9 @@ constexpr auto metrics = std::to_array<MetricRow>({
     {QStyle::PM_IndicatorWidth, 18},
     {QStyle::PM_IndicatorHeight, 18},
     {QStyle::PM_CheckBoxLabelSpacing, focusReach + 5},
+    {QStyle::PM_ExclusiveIndicatorWidth, 18},
+    {QStyle::PM_ExclusiveIndicatorHeight, 18},
+    {QStyle::PM_RadioButtonLabelSpacing, focusReach + 5},
     {QStyle::PM_ScrollBarExtent, 12},
     {QStyle::PM_HeaderMargin, spacing::cellPadding},
     {QStyle::PM_TabBarTabHSpace, 2 * spacing::wide},
@@ -148,6 +152,7 @@ QRect TidewellStyle::subElementRect(SubElement element, const QStyleOption* opti
         case SE_PushButtonFocusRect:
             return option->rect;
         case SE_CheckBoxFocusRect:
+        case SE_RadioButtonFocusRect:
             return usual.adjusted(-focusReach, -1, focusReach, 1);
         case SE_LineEditContents:
             return usual.adjusted(spacing::tight, 0, -spacing::tight, 0);
@@ -202,6 +207,7 @@ QSize TidewellStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
         case CT_ItemViewItem:
             return usual.expandedTo({0, height - spacing::tight / 2});
         case CT_CheckBox:
+        case CT_RadioButton:
             return usual + QSize(focusReach, 2);
         case CT_TabBarTab:
             return {usual.width(), height + spacing::tight};

@@ -5,45 +5,41 @@
 #include <ui_PrefPane.h>
 #include <utility>
 
-#include "foundation/system/LocalizedString.h"
 #include "pane/PaneOutlets.h"
 #include "qt/binding/Mnemonics.h"
-#include "qt/binding/QtText.h"
 #include "qt/elements/MakeChild.h"
+#include "qt/windows/LocalizedColumn.h"
 #include "qt/windows/PrepareWindow.h"
 
 namespace orv {
 
 namespace {
 
-TableColumn column(const char* identifier, quelm::LocalizedText title, ColumnWidth width,
-                   Qt::TextElideMode elide) {
-    return {identifier, ToQt(quelm::GetLocalizedString(title.key, title.defaultText)), width,
-            elide};
-}
-
 std::vector<TableColumn> folderColumns() {
-    return {
-        column("share", {"PrefPane.ShareColumn", "Name"}, ColumnWidth::Contents, Qt::ElideMiddle),
-        column("path", {"PrefPane.PathColumn", "Folder"}, ColumnWidth::Rest, Qt::ElideMiddle),
-        column("status", {"PrefPane.StatusColumn", "Status"}, ColumnWidth::Contents,
-               Qt::ElideRight)};
+    return {LocalizedColumn("share", {"PrefPane.ShareColumn", "Name"}, ColumnWidth::Contents,
+                            Qt::ElideMiddle),
+            LocalizedColumn("path", {"PrefPane.PathColumn", "Folder"}, ColumnWidth::Rest,
+                            Qt::ElideMiddle),
+            LocalizedColumn("status", {"PrefPane.StatusColumn", "Status"}, ColumnWidth::Contents,
+                            Qt::ElideRight)};
 }
 
 std::vector<TableColumn> projectColumns() {
-    return {column("name", {"PrefPane.ProjectColumn", "Project"}, ColumnWidth::Contents,
-                   Qt::ElideMiddle),
-            column("path", {"PrefPane.PathColumn", "Folder"}, ColumnWidth::Rest, Qt::ElideMiddle),
-            column("content", {"PrefPane.ContentColumn", "Content"}, ColumnWidth::Contents,
-                   Qt::ElideRight)};
+    return {LocalizedColumn("name", {"PrefPane.ProjectColumn", "Project"}, ColumnWidth::Contents,
+                            Qt::ElideMiddle),
+            LocalizedColumn("path", {"PrefPane.PathColumn", "Folder"}, ColumnWidth::Rest,
+                            Qt::ElideMiddle),
+            LocalizedColumn("content", {"PrefPane.ContentColumn", "Content"}, ColumnWidth::Contents,
+                            Qt::ElideRight)};
 }
 
 std::vector<TableColumn> eventColumns() {
-    return {
-        column("time", {"PrefPane.TimeColumn", "Time"}, ColumnWidth::Contents, Qt::ElideRight),
-        column("event", {"PrefPane.EventColumn", "Event"}, ColumnWidth::Contents, Qt::ElideRight),
-        column("payload", {"PrefPane.PayloadColumn", "Content"}, ColumnWidth::Rest,
-               Qt::ElideRight)};
+    return {LocalizedColumn("time", {"PrefPane.TimeColumn", "Time"}, ColumnWidth::Contents,
+                            Qt::ElideRight),
+            LocalizedColumn("event", {"PrefPane.EventColumn", "Event"}, ColumnWidth::Contents,
+                            Qt::ElideRight),
+            LocalizedColumn("payload", {"PrefPane.PayloadColumn", "Content"}, ColumnWidth::Rest,
+                            Qt::ElideRight)};
 }
 
 }  // namespace

@@ -1,0 +1,216 @@
+#include "qt/elements/OutlineTree.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <algorithm>
+
+#include "qt/binding/ShownText.h"
+#include "qt/elements/MakeChild.h"
+#include "qt/looks/Spacing.h"
+
+namespace orv {
+
+namespace {
+
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state &= ~QStyle::State_HasFocus;  // what is selected has it
+        if (!index.data(OutlineModel::faintRole).toBool()) return;
+        const QColor faint = option->palette.color(QPalette::PlaceholderText);
+        option->palette.setColor(QPalette::Text, faint);
+    }
+};
+
+}  // namespace
+
+OutlineTree::OutlineTree(QWidget* parent)
+    : QTreeView(parent), rows_(MakeChild<OutlineModel>(this)) {
+    setModel(rows_);
+    setItemDelegate(MakeChild<RowDelegate>(this));
+    setUniformRowHeights(true);
+    setHeaderHidden(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle);  // sizes stand at the end
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setIconSize({spacing::smallIcon, spacing::smallIcon});
+    header()->setSectionResizeMode(QHeaderView::Stretch);
+    header()->setMinimumSectionSize(0);
+    // after the view's own, which lays the rows out
+    connect(rows_, &QAbstractItemModel::layoutAboutToBeChanged, this, &OutlineTree::keepPlace);
+    connect(rows_, &QAbstractItemModel::layoutChanged, this, &OutlineTree::returnToPlace);
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        if (OutlineDataSource* source = rows_->source())
+            source->itemWillExpand(rows_->itemAt(index));
+        openAndFetch();
+    });
+    connect(this, &QTreeView::collapsed, this, &OutlineTree::openAndFetch);
+}
+
+void OutlineTree::setOutlet(const OutlineView* outlet, const Icons* icons) {
+    rows_->setOutlet(outlet, icons);
+    openAndFetch();
+}
+
+void OutlineTree::refresh() {
+    rows_->update();
+    openAndFetch();
+    tellChanges();
+}
+
+OutlineItem OutlineTree::selectedItem() const {
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() ? nullptr : rows_->itemAt(selected.front());
+}
+
+void OutlineTree::selectItem(OutlineItem item) {
+    const QModelIndex index = rows_->indexOfItem(item);
+    if (index.isValid()) {
+        setCurrentIndex(index);
+    } else {
+        clearSelection();
+    }
+}
+
+void OutlineTree::selectionChanged(const QItemSelection& selected,
+                                   const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    Q_EMIT selectedItemChanged();
+}
+
+void OutlineTree::keepPlace() {
+    place_ = indexAt({0, 0});
+    placeTop_ = visualRect(place_).top();
+}
+
+void OutlineTree::returnToPlace() {
+    if (place_.isValid()) {
+        QScrollBar* bar = verticalScrollBar();
+        bar->setValue(bar->value() + visualRect(place_).top() - placeTop_);
+    }
+    place_ = QPersistentModelIndex();
+    Q_EMIT selectedItemChanged();
+}
+
+/// Rows that want to be open are opened when they are seen, and more rows are taken where a
+/// folder's last one is.
+void OutlineTree::openAndFetch() {
+    constexpr int mostSteps = 500;
+    if (isOpening_ || !isVisible()) return;
+    isOpening_ = true;
+    for (int step = 0; step < mostSteps && openOrFetchOnce(); ++step) {
+    }
+    isOpening_ = false;
+}
+
+bool OutlineTree::openOrFetchOnce() {
+    for (const QModelIndex& index : seenRows()) {
+        OutlineDataSource* source = rows_->source();
+        const bool opens = source && source->takeShouldExpand(rows_->itemAt(index));
+        if (opens && !isExpanded(index)) {
+            expand(index);
+            return true;
+        }
+        if (fetchInto(index) || fetchBehind(index)) return true;
+    }
+    return false;
+}
+
+bool OutlineTree::fetchInto(const QModelIndex& index) {
+    const bool wants =
+        isExpanded(index) && rows_->rowCount(index) == 0 && rows_->canFetchMore(index);
+    if (wants) rows_->fetchMore(index);
+    return wants;
+}
+
+/// If it is the last row of what is around it.
+bool OutlineTree::fetchBehind(const QModelIndex& index) {
+    for (QModelIndex last = index; last.isValid(); last = last.parent()) {
+        const QModelIndex parent = last.parent();
+        if (last.row() + 1 < rows_->rowCount(parent)) return false;
+        if (!rows_->canFetchMore(parent)) continue;
+        rows_->fetchMore(parent);
+        return true;
+    }
+    return false;
+}
+
+/// Draws what has changed of what is seen, and tells those who do not see it.
+void OutlineTree::tellChanges() {
+    if (!isVisible()) return;
+    const Seen before = std::exchange(seen_, {});
+    for (const QModelIndex& index : seenRows()) {
+        seen_.emplace_back(rows_->itemAt(index), rows_->cellAt(index));
+        const auto& [item, cell] = seen_.back();
+        const auto was = std::ranges::find(before, item, &Seen::value_type::first);
+        if (was == before.end() || was->second != cell) rows_->cellDidChange(index);
+    }
+}
+
+std::vector<QModelIndex> OutlineTree::seenRows() const {
+    std::vector<QModelIndex> seen;
+    for (QModelIndex index = indexAt({0, 0}); index.isValid();) {
+        seen.push_back(index);
+        const QRect place = visualRect(index);
+        if (place.height() <= 0 || place.bottom() >= viewport()->height()) break;
+        index = indexAt({0, place.bottom() + 1});
+    }
+    return seen;
+}
+
+bool OutlineTree::isCut(const QModelIndex& index) const {
+    return sizeHintForIndex(index).width() > visualRect(index).width();
+}
+
+bool OutlineTree::viewportEvent(QEvent* event) {
+    // nothing is drawn or clicked that has gone
+    rows_->update();
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    const auto* help = static_cast<const QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const bool hasOwn = !index.data(Qt::ToolTipRole).toString().isEmpty();
+    if (!index.isValid() || hasOwn || !isCut(index)) return QTreeView::viewportEvent(event);
+    QToolTip::showText(help->globalPos(), PlainToolTip(index.data().toString()), viewport(),
+                       visualRect(index));
+    return true;
+}
+
+void OutlineTree::keyPressEvent(QKeyEvent* event) {
+    rows_->update();
+    // opening all that is below would read the whole disk
+    if (event->key() != Qt::Key_Asterisk) QTreeView::keyPressEvent(event);
+}
+
+void OutlineTree::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    const bool byKey =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byKey && !selectionModel()->hasSelection()) setCurrentIndex(rows_->index(0, 0));
+}
+
+void OutlineTree::showEvent(QShowEvent* event) {
+    QTreeView::showEvent(event);
+    refresh();
+}
+
+void OutlineTree::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    openAndFetch();
+}
+
+void OutlineTree::scrollContentsBy(int dx, int dy) {
+    QTreeView::scrollContentsBy(dx, dy);
+    openAndFetch();
+}
+
+}  // namespace orv
