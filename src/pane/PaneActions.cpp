@@ -63,10 +63,10 @@ void orvPreferencePane::unwireActions() {
 
 /// Nothing leads to windows and programs that are not there.
 void orvPreferencePane::hideWhatIsNotThere() {
-    View* const absent[] = {&outlets_._startOnLoginButton, &outlets_._manageBackupsButton,
-                            &outlets_._progressButton,     &outlets_._newAccountButton,
-                            &outlets_._supportButton,      &outlets_._uninstallButton,
-                            &outlets_._copyLogsButton,     &outlets_._allowRemoteAccess};
+    View* const absent[] = {&outlets_._startOnLoginButton, &outlets_._progressButton,
+                            &outlets_._newAccountButton,   &outlets_._supportButton,
+                            &outlets_._uninstallButton,    &outlets_._copyLogsButton,
+                            &outlets_._allowRemoteAccess};
     for (View* view : absent)
         view->setHidden(true);
     outlets_._keychainNotice.setHidden(true);
@@ -120,16 +120,6 @@ void orvPreferencePane::showProgress() {
 
 void orvPreferencePane::restoreProgressButtonPressed() {
     NotifyAgentEvent("0", events::restoreShowStatus);
-}
-
-void orvPreferencePane::showSharingWindow() {
-    openSharingWindow();
-}
-
-/// The folders are chosen in a window of its own; where there is none, the tab shows them.
-void orvPreferencePane::openSharingWindow() {
-    outlets_._tabs.select(tabs::backup);
-    environment_.windows.activate();
 }
 
 void orvPreferencePane::backupPolicyButtonPressed() {

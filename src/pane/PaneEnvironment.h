@@ -12,6 +12,7 @@
 #include "sync/projects/ProjectsList.h"
 #include "widgets/Alerts.h"
 #include "widgets/Clipboard.h"
+#include "widgets/FilePanels.h"
 
 namespace orv {
 
@@ -36,7 +37,12 @@ struct PaneEnvironment {
     quelm::Background& serviceBackground;
     /// For looking at the folders to back up, whose volumes may not answer at all.
     quelm::Background& folderBackground;
+    /// For what was scanned: memory alone.
+    quelm::Background& scanBackground;
+    /// For counting what is hidden, which takes as long as a scan.
+    quelm::Background& hiddenBackground;
     Alerts& alerts;
+    FilePanels& filePanels;
     Clipboard& clipboard;
     AgentApplication& application;
     PaneWindows& windows;

@@ -103,11 +103,6 @@ void orvPreferencePane::startReload() {
     });
 }
 
-void orvPreferencePane::handleStorageWindow() {
-    outlets_._tabs.select(tabs::backup);
-    openSharingWindow();
-}
-
 void orvPreferencePane::handlePreferencesSelectTab(const quelm::Dictionary& payload) {
     const std::string tab = PayloadText(payload, keys::tab);
     if (!tab.empty()) selectTabWithIdentifier(tab);

@@ -4,7 +4,6 @@
 #include "config/ConfigurationPath.h"
 #include "config/KeychainRemedy.h"
 #include "config/Locations.h"
-#include "config/PersistentFlag.h"
 #include "foundation/system/LocalizedString.h"
 #include "pane/PreferencePane.h"
 #include "support/ApplicationNames.h"
@@ -19,24 +18,13 @@ constexpr std::int64_t quotaWithoutInformation = std::int64_t{5} << 30U;
 
 }  // namespace
 
-/// The flags ask for the choice of folders; they are left for the window that makes it.
 void orvPreferencePane::loadSettings() {
     showDebugTab();
     environment_.background.setTold([this](bool isSlow) {
         isSlow_ = isSlow;
         showSettingsNotice();
     });
-    auto isAsked = std::make_shared<bool>(false);
-    environment_.background.perform(
-        [isAsked, agentId = _activeAccount->agentID()] {
-            *isAsked = orv_PersistentFlag::isSet(orv_PersistentFlag::openSharingWindow, agentId) ||
-                       orv_PersistentFlag::isSet(orv_PersistentFlag::scanShareInfo, agentId);
-        },
-        [this, life = std::weak_ptr(life_), isAsked] {
-            if (life.expired() || !*isAsked) return;
-            outlets_._tabs.select(tabs::backup);
-            openSharingWindow();
-        });
+    takeSharingFlags();
     status_.setCompleted([this] {
         history_->noteComplete(now());
         status_.inputs().lastComplete = history_->lastComplete();

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "backup/sharing/SharingWindowController.h"
 #include "foundation/system/ApplicationBundle.h"
 #include "foundation/threads/OneAtATime.h"
 #include "pane/DebugEvents.h"
@@ -34,14 +35,14 @@ inline constexpr const char* DidUnselectNotification = "DidUnselectNotification"
 
 /// The panel: what its window shows and what its buttons do. It reads and writes the accounts'
 /// settings, asks the agent and hears from it; it moves no data itself. Main thread only.
-class orvPreferencePane {
+class orvPreferencePane final : private SharingDelegate {
  public:
     /// Null, with a line in the log, without an account.
     [[nodiscard]] static std::unique_ptr<orvPreferencePane> initWithBundle(
         const quelm::Bundle* bundle, PaneOutlets& outlets, const PaneEnvironment& environment);
     orvPreferencePane(const orvPreferencePane&) = delete;
     orvPreferencePane& operator=(const orvPreferencePane&) = delete;
-    ~orvPreferencePane();
+    ~orvPreferencePane() override;
 
     // What the host calls: once, and whenever the panel is shown and left.
     void mainViewDidLoad();
@@ -154,6 +155,11 @@ class orvPreferencePane {
     void deleteAccount(Account& account, const AccountRemains& remains);
     void selectEntryBefore(const Account& account);
     void openSharingWindow();
+    void releaseSharingWindow();
+    void takeSharingFlags();
+    void sharingDialogDidFinishWithSize(std::uint64_t size, const std::string& agentID) override;
+    void sharingDialogCancelled() override;
+    void connectAfterSetUp(const std::string& agentID);
     void openDashboard();
     void printError(const SettingsError& error);
     void printErrorMessage(const std::string& message);
@@ -175,6 +181,10 @@ class orvPreferencePane {
     std::unique_ptr<BackupHistory> history_;
     AdvancedSettingsController advanced_;
     DebugEvents debugEvents_;
+    /// Null while the folders are not being chosen.
+    std::unique_ptr<orv_SharingWindowController> sharing_;
+    /// Until it has returned.
+    std::unique_ptr<orv_SharingWindowController> endedSharing_;
     SettingsHealth health_;
     bool isSlow_ = false;
     quelm::OneAtATime reload_{[this] { startReload(); }};

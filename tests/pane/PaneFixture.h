@@ -11,7 +11,9 @@
 #include "pane/PreferencePane.h"
 #include "support/ChildProcess.h"
 #include "support/FakeAlerts.h"
+#include "support/FakeFilePanels.h"
 #include "support/FakeKeychain.h"
+#include "support/FakeVolumes.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScopedEnvironment.h"
 #include "sync/SyncFixture.h"
@@ -103,6 +105,7 @@ class PaneFixture : public SyncFixture {
         workspace_ = workspace.get();
         services_.workspace = std::move(workspace);
         services_.keychain = std::make_unique<FakeKeychain>();
+        services_.volumes = std::make_unique<FakeVolumes>();
         projects_.emplace(environment());
         locks_.emplace(environment());
     }
@@ -116,7 +119,7 @@ class PaneFixture : public SyncFixture {
         pane_ = orv::orvPreferencePane::initWithBundle(
             nullptr, outlets_,
             {services_, *dispatcher_, *accounts_, *projects_, *locks_, background_, held_, held_,
-             alerts_, clipboard_, application_, windows_, violations_});
+             scans_, held_, alerts_, filePanels_, clipboard_, application_, windows_, violations_});
         quelm::SetLogSink([this](std::string_view line) { log_.emplace_back(line); });
         ASSERT_TRUE(pane_);
         pane_->mainViewDidLoad();
@@ -203,6 +206,8 @@ class PaneFixture : public SyncFixture {
     HeldBackground held_;
     quelm::WatchedBackground background_{held_, loop_};
     FakeAlerts alerts_;
+    FakeFilePanels filePanels_;
+    HeldBackground scans_;
     FakeClipboard clipboard_;
     FakeApplication application_;
     FakeWindows windows_;

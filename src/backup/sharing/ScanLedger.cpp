@@ -1,5 +1,6 @@
 #include "backup/sharing/ScanLedger.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "backup/sharing/SelectedPaths.h"
@@ -111,7 +112,10 @@ void ScanLedger::askPreview(quelm::Array rows, std::string pattern,
                     preview->isLowerBound = true;
                 }
             }
-            preview->excluded = PreviewExclude(pattern, files, stop);
+            std::ranges::sort(files, {}, &ScannedFiles::folder);
+            constexpr std::size_t shown = 100;
+            auto excluded = PreviewExclude(pattern, files, shown, stop);
+            if (excluded) preview->excluded = std::move(*excluded);
         },
         [life = std::weak_ptr(life_), stop, preview, answer = std::move(answer)] {
             if (!life.expired() && !stop.stop_requested()) answer(std::move(*preview));

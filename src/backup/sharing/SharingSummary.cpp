@@ -85,9 +85,10 @@ void orv_SharingWindowController::countHidden(const ScanLedger::Totals& totals) 
     const std::stop_token stop = hiddenCount_.get_token();
     environment_.hiddenBackground.perform(
         [whole, stop] {
-            const HiddenFolderTotals hidden = CountHiddenFolders(whole->hiddenFolders, stop);
-            whole->leftOutFiles += hidden.files;
-            whole->leftOutBytes += hidden.bytes;
+            const auto hidden = CountHiddenFolders(whole->hiddenFolders, stop);
+            if (!hidden) return;
+            whole->leftOutFiles += hidden->files;
+            whole->leftOutBytes += hidden->bytes;
         },
         [this, life = std::weak_ptr(life_), stop, whole] {
             if (!life.expired() && !isClosed_ && !stop.stop_requested())

@@ -9,7 +9,8 @@ class SharingWindows {
  public:
     virtual ~SharingWindows() = default;
 
-    /// Shows the outlets from now on, until they are released, which is before they go away.
+    /// Shows the outlets, with the dialogs that the window opens, from now on until they are
+    /// released, which is before they go away.
     virtual void showSharing(SharingOutlets& outlets) = 0;
     virtual void release(SharingOutlets& outlets) = 0;
 };

@@ -42,6 +42,8 @@ PanelHost::PanelHost(const quelm::Bundle& bundle, Appearance appearance)
       watchedFiles_(files_, *services_.runLoop),
       busAndKeychain_(*services_.runLoop),
       folders_(*services_.runLoop),
+      scans_(*services_.runLoop),
+      hidden_(*services_.runLoop),
       icons_(QString::fromStdString(bundle.resourcesFolder()), appearance),
       context_{updates_, icons_, [this](const std::string& address) {
                    if (pane_) pane_->openLink(address);
@@ -51,6 +53,7 @@ PanelHost::~PanelHost() {
     if (window_) window_->hide();  // which saves
     pane_.reset();
     windows_.reset();
+    filePanels_.reset();
     alerts_.reset();
     window_.reset();
     LockedFilesList::destroyInstance();
@@ -59,7 +62,8 @@ PanelHost::~PanelHost() {
     const bool isStored = files_.waitUntilIdle(endPatience);
     if (!isStored)
         quelm::LogError("Another program holds the settings: the last changes are not stored.");
-    if (!isStored || !folders_.waitUntilIdle(folderPatience)) endWithoutThreads(isStored);
+    const bool areIdle = folders_.waitUntilIdle(folderPatience) && hidden_.waitUntilIdle({});
+    if (!isStored || !areIdle) endWithoutThreads(isStored);
 }
 
 /// A thread that waits for a lock, or for a volume that does not answer, would be waited for.
@@ -101,12 +105,13 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
     window_ = std::make_unique<MainWindow>(context_, outlets_);
     if (windowMade_) windowMade_(*window_);
     alerts_.emplace(icons_, window_.get());
+    filePanels_.emplace(window_.get());
     windows_.emplace(context_, *window_);
     pane_ = orvPreferencePane::initWithBundle(
         &bundle_, outlets_,
         {services_, AgentEventDispatcher::defaultDispatcher(), list,
          ProjectsList::defaultProjectsList(), LockedFilesList::defaultLockedFilesList(),
-         watchedFiles_, busAndKeychain_, folders_, *alerts_, clipboard_, *application_, *windows_,
+         watchedFiles_, busAndKeychain_, folders_, scans_, hidden_, *alerts_, *filePanels_, clipboard_, *application_, *windows_,
          violations_});
     if (!pane_) return QApplication::exit(EXIT_FAILURE);
     window_->setShownChanged([this](bool isShown) {

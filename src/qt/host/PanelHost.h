@@ -13,6 +13,7 @@
 #include "qt/binding/WindowContext.h"
 #include "qt/desktop/QtAlerts.h"
 #include "qt/desktop/QtClipboard.h"
+#include "qt/desktop/QtFilePanels.h"
 #include "qt/host/QtPaneWindows.h"
 #include "qt/looks/Icons.h"
 #include "qt/windows/MainWindow.h"
@@ -61,6 +62,8 @@ class PanelHost {
     quelm::WatchedBackground watchedFiles_;
     quelm::BackgroundThread busAndKeychain_;
     quelm::BackgroundThread folders_;
+    quelm::BackgroundThread scans_;
+    quelm::BackgroundThread hidden_;
     FrameUpdates updates_;
     Icons icons_;
     WindowContext context_;
@@ -70,6 +73,7 @@ class PanelHost {
     std::optional<LocalAgentApplication> application_;
     std::unique_ptr<MainWindow> window_;
     std::optional<QtAlerts> alerts_;
+    std::optional<QtFilePanels> filePanels_;
     std::optional<QtPaneWindows> windows_;
     std::unique_ptr<orvPreferencePane> pane_;
     std::function<void(QWidget& window)> windowMade_;
