@@ -39,9 +39,8 @@ std::string inWords(const ScanLedger::Preview& preview) {
         return FormatLocalizedString("Sharing.PreviewOne",
                                      "It would leave out 1 of the selected files (%@).", {size});
     }
-    return FormatLocalizedString("Sharing.Preview",
-                                 "It would leave out %qd of the selected files (%@).",
-                                 {files, size});
+    return FormatLocalizedString(
+        "Sharing.Preview", "It would leave out %qd of the selected files (%@).", {files, size});
 }
 
 Alert refusedPattern() {
@@ -56,14 +55,14 @@ Alert refusedPattern() {
 }
 
 Alert refusedFile(const std::string& path) {
-    return {.title = {},
-            .message = FormatLocalizedString("Sharing.BadFileName", "%@ cannot be excluded.",
-                                             {path}),
-            .informativeText = GetLocalizedString(
-                "Sharing.BadFileNameDetail",
-                "Its name is not UTF-8 or holds control characters, which the list cannot keep. "
-                "Rename it, or exclude it by a pattern."),
-            .buttons = {GetLocalizedString("PrefPane.OK", "OK")}};
+    return {
+        .title = {},
+        .message = FormatLocalizedString("Sharing.BadFileName", "%@ cannot be excluded.", {path}),
+        .informativeText = GetLocalizedString(
+            "Sharing.BadFileNameDetail",
+            "Its name is not UTF-8 or holds control characters, which the list cannot keep. "
+            "Rename it, or exclude it by a pattern."),
+        .buttons = {GetLocalizedString("PrefPane.OK", "OK")}};
 }
 
 }  // namespace
@@ -80,8 +79,8 @@ ExcludeSheet::ExcludeSheet(ExcludeOutlets& outlets, Environment environment)
     outlets_._excludeFiltersTable.setSelectionDidChange([this] { updateButtons(); });
     outlets_._excludedFilesTable.setSelectionDidChange([this] { updateButtons(); });
     excludeFiltersArray_ = environment_.filterSettings.excludeFilters();
-    for (TableView* table : {&outlets_._excludeFiltersTable, &outlets_._excludedFilesTable,
-                             &outlets_._previewTable}) {
+    for (TableView* table :
+         {&outlets_._excludeFiltersTable, &outlets_._excludedFilesTable, &outlets_._previewTable}) {
         table->setDataSource(this);
     }
     hidePreview();
@@ -89,16 +88,16 @@ ExcludeSheet::ExcludeSheet(ExcludeOutlets& outlets, Environment environment)
 }
 
 ExcludeSheet::~ExcludeSheet() {
-    for (TableView* table : {&outlets_._excludeFiltersTable, &outlets_._excludedFilesTable,
-                             &outlets_._previewTable}) {
+    for (TableView* table :
+         {&outlets_._excludeFiltersTable, &outlets_._excludedFilesTable, &outlets_._previewTable}) {
         table->setDataSource(nullptr);
         table->setSelectionDidChange({});
     }
     outlets_._filterField.setTextDidChange({});
     outlets_._excludeWindow.setCloseAction({});
-    for (Button* button : {&outlets_._addFilterButton, &outlets_._removeFilterButton,
-                           &outlets_._addFileButton, &outlets_._removeFileButton,
-                           &outlets_._okButton}) {
+    for (Button* button :
+         {&outlets_._addFilterButton, &outlets_._removeFilterButton, &outlets_._addFileButton,
+          &outlets_._removeFileButton, &outlets_._okButton}) {
         button->setAction({});
     }
 }
@@ -189,8 +188,7 @@ void ExcludeSheet::addExcludeFile() {
 void ExcludeSheet::addExcludedFiles(const std::vector<std::string>& paths) {
     for (const std::string& path : paths) {
         if (environment_.excludedFiles.contains(path)) continue;
-        if (!environment_.excludedFiles.add(path))
-            environment_.alerts.show(refusedFile(path), {});
+        if (!environment_.excludedFiles.add(path)) environment_.alerts.show(refusedFile(path), {});
     }
     reload();
 }

@@ -49,9 +49,9 @@ std::optional<std::string> reasonOfFile(const EntryReader& reader, std::string_v
     const auto status = reader.status(std::string(name).c_str());
     if (!status) return unreadable(errno);
     if (status->size > filters.maxFileSize) {
-        return FormatLocalizedString("LeftOut.TooLarge", "It is larger than %@",
-                                     {FileSizeString(static_cast<std::int64_t>(
-                                         filters.maxFileSize))});
+        return FormatLocalizedString(
+            "LeftOut.TooLarge", "It is larger than %@",
+            {FileSizeString(static_cast<std::int64_t>(filters.maxFileSize))});
     }
     return std::nullopt;
 }

@@ -17,9 +17,8 @@ std::string titleFor(const std::string& folder, const LeftOutList& list) {
                                      {folder});
     }
     if (list.isCut) {
-        return FormatLocalizedString("LeftOut.TitleCut",
-                                     "In %@ these are not counted, and more than are listed:",
-                                     {folder});
+        return FormatLocalizedString(
+            "LeftOut.TitleCut", "In %@ these are not counted, and more than are listed:", {folder});
     }
     return FormatLocalizedString("LeftOut.Title", "In %@ these are not counted:", {folder});
 }

@@ -34,16 +34,16 @@ struct orv_SharingWindowController::Stored {
 namespace {
 
 Alert notStored(const std::string& folder) {
-    return {.title = {},
-            .message =
-                GetLocalizedString("Sharing.NotStored", "The selection could not be stored."),
-            .informativeText = quelm::FormatLocalizedString(
-                "Sharing.NotStoredDetail",
-                "See whether %@ is there and can be written, and whether the disk is full, and "
-                "press OK again. Nothing of what you chose is lost while this window is open.",
-                {folder}),
-            .buttons = {GetLocalizedString("PrefPane.OK", "OK")},
-            .style = AlertStyle::Critical};
+    return {
+        .title = {},
+        .message = GetLocalizedString("Sharing.NotStored", "The selection could not be stored."),
+        .informativeText = quelm::FormatLocalizedString(
+            "Sharing.NotStoredDetail",
+            "See whether %@ is there and can be written, and whether the disk is full, and "
+            "press OK again. Nothing of what you chose is lost while this window is open.",
+            {folder}),
+        .buttons = {GetLocalizedString("PrefPane.OK", "OK")},
+        .style = AlertStyle::Critical};
 }
 
 }  // namespace
@@ -56,9 +56,8 @@ void orv_SharingWindowController::saveSettings() {
     outlets_._cancelButton.setEnabled(false);
     outlets_._spinner.startAnimation();
     storageInfoDidChange();
-    auto stored = std::make_shared<Stored>(
-        Stored{facts_->records.storageSettings, filterSettings(), facts_->excludedFiles,
-               facts_->folder});
+    auto stored = std::make_shared<Stored>(Stored{facts_->records.storageSettings, filterSettings(),
+                                                  facts_->excludedFiles, facts_->folder});
     environment_.background.perform([stored] { stored->store(); },
                                     [this, life = std::weak_ptr(life_), stored] {
                                         if (!life.expired()) settingsSaved(*stored);

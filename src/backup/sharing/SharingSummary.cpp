@@ -40,8 +40,11 @@ void orv_SharingWindowController::refreshStorageSummary() {
     for (orv_FileSystemItem* item : tree_.tree->findTopLevelItems()) {
         const std::int64_t size = asSigned(item->getSelectionSize());
         total = quelm::SaturatingSum(total, size);
-        const auto* const known = facts_->records.storageFoldersInfo.findInfoForPath(item->fullPath());
-        if (known) stored = quelm::SaturatingSum(stored, std::clamp<std::int64_t>(known->stored(), 0, size));
+        const auto* const known =
+            facts_->records.storageFoldersInfo.findInfoForPath(item->fullPath());
+        if (known)
+            stored =
+                quelm::SaturatingSum(stored, std::clamp<std::int64_t>(known->stored(), 0, size));
     }
     storage_.setUserSelectionSize(total, stored);
     outlets_._pieChartView.setModel(storage_.figures());

@@ -102,11 +102,10 @@ void orv_SharingWindowController::awakeFromNib(SharingTree made) {
     facts_->filters.unscannedFolders = tree_.unscannedFolders;
     initStorageQuotaSettings();
     exclude_ = std::make_unique<ExcludeSheet>(
-        outlets_.exclude,
-        ExcludeSheet::Environment{filterSettings(), facts_->excludedFiles, ledger_,
-                                  environment_.alerts, environment_.filePanels,
-                                  [this] { return selection(); },
-                                  [this](bool changed) { excludeSheetClosed(changed); }});
+        outlets_.exclude, ExcludeSheet::Environment{
+                              filterSettings(), facts_->excludedFiles, ledger_, environment_.alerts,
+                              environment_.filePanels, [this] { return selection(); },
+                              [this](bool changed) { excludeSheetClosed(changed); }});
     outlets_._excludeButton.setEnabled(true);
     folderScanner_.setFilters(facts_->filters);
     folderScanner_.start();

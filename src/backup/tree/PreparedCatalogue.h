@@ -17,9 +17,7 @@ class PreparedCatalogue final : public FolderCatalogue {
     /// From now on the disk is not asked.
     void close() { disk_ = nullptr; }
     /// What the next `list` of the path answers, once.
-    void give(const std::string& path, FolderListing listing) {
-        given_[path] = std::move(listing);
-    }
+    void give(const std::string& path, FolderListing listing) { given_[path] = std::move(listing); }
 
     /// Not readable for what was not given.
     [[nodiscard]] FolderListing list(const std::string& path) override;

@@ -43,9 +43,10 @@ std::uint32_t FlagsOfFolderName(std::string_view name) {
     if (name == "iPhoto Library") return flags | PackageItem;
     const std::size_t dot = name.find_last_of('.');
     if (dot == std::string_view::npos || dot == 0) return flags;
-    const auto kind = std::ranges::find_if(kinds, [extension = name.substr(dot + 1)](const Kind& k) {
-        return equalsWithoutCase(k.extension, extension);
-    });
+    const auto kind =
+        std::ranges::find_if(kinds, [extension = name.substr(dot + 1)](const Kind& k) {
+            return equalsWithoutCase(k.extension, extension);
+        });
     return kind == kinds.end() ? flags : flags | kind->flags;
 }
 

@@ -111,8 +111,8 @@ void PanelHost::makePanel(AccountList::Accounts accounts) {
         &bundle_, outlets_,
         {services_, AgentEventDispatcher::defaultDispatcher(), list,
          ProjectsList::defaultProjectsList(), LockedFilesList::defaultLockedFilesList(),
-         watchedFiles_, busAndKeychain_, folders_, scans_, hidden_, *alerts_, *filePanels_, clipboard_, *application_, *windows_,
-         violations_});
+         watchedFiles_, busAndKeychain_, folders_, scans_, hidden_, *alerts_, *filePanels_,
+         clipboard_, *application_, *windows_, violations_});
     if (!pane_) return QApplication::exit(EXIT_FAILURE);
     window_->setShownChanged([this](bool isShown) {
         if (!pane_) return;

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "backup/sharing/SharingOutlets.h"
 #include "qt/windows/AdvancedSettingsWindow.h"
 #include "qt/windows/ExcludeFiltersWindow.h"
 #include "qt/windows/LeftOutWindow.h"

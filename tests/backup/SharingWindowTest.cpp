@@ -1,0 +1,410 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <unistd.h>
+
+#include "backup/sharing/SharingWindowController.h"
+#include "config/TopLevelPaths.h"
+#include "foundation/propertylist/PropertyList.h"
+#include "support/ChildProcess.h"
+#include "support/FakeAlerts.h"
+#include "support/FakeFilePanels.h"
+#include "support/FakeVolumes.h"
+#include "support/FakeWorkspace.h"
+#include "support/ScopedEnvironment.h"
+#include "sync/SyncFixture.h"
+
+namespace {
+
+using orv::OutlineCheck;
+using orv::OutlineItem;
+using quelm::Array;
+using test_support::ContentOf;
+using test_support::TemporaryFolder;
+
+class NoWindows final : public orv::SharingWindows {
+ public:
+    int shown = 0;
+    void showSharing(orv::SharingOutlets&) override { ++shown; }
+    void release(orv::SharingOutlets&) override { --shown; }
+};
+
+class Opener final : public orv::SharingDelegate {
+ public:
+    std::vector<std::string> heard;
+    void sharingDialogDidFinishWithSize(std::uint64_t size, const std::string& agentID) override {
+        heard.push_back("finished " + std::to_string(size) + " " + agentID);
+    }
+    void sharingDialogCancelled() override { heard.emplace_back("cancelled"); }
+};
+
+/// Work that is done when the test says so.
+class Later final : public quelm::Background {
+ public:
+    bool held = false;
+    void perform(Work work, Work done) override {
+        waiting_.emplace_back(std::move(work), std::move(done));
+        if (!held) release();
+    }
+    void release() {
+        held = false;
+        for (const auto& [work, done] : std::exchange(waiting_, {})) {
+            work();
+            if (done) done();
+        }
+    }
+
+ private:
+    std::vector<std::pair<Work, Work>> waiting_;
+};
+
+/// Anna's computer, with real folders, and her account.
+class TheSharingWindow : public test_support::SyncFixture {
+ protected:
+    TheSharingWindow()
+        : SyncFixture({{"full_name", "Anna"}}), home_("HOME", std::string(anna_.path())) {
+        anna_.makeFile("Documents/letter.txt", "four");
+        anna_.makeFile("Documents/song.mp3", std::string(100, 's'));
+        anna_.makeFile("Documents/taxes/2025.pdf", std::string(20, 't'));
+        anna_.makeFile("Documents/.hidden", std::string(7, 'h'));
+        anna_.makeFile("Documents/.cache/deep/blob", std::string(1000, 'b'));
+        anna_.makeLink("Documents/link", "letter.txt");
+        anna_.makeFile("Desktop/note.txt", "note!");
+        services_.runLoop = std::make_unique<Forwarder>(loop_);
+        services_.workspace = std::make_unique<test_support::FakeWorkspace>();
+        auto volumes = std::make_unique<test_support::FakeVolumes>();
+        volumes->volumes = {{.mountPoint = "/", .device = "/dev/sda1", .fileSystem = "ext4"}};
+        services_.volumes = std::move(volumes);
+    }
+    ~TheSharingWindow() override { controller_.reset(); }
+
+    void open() {
+        accounts_->load();
+        controller_ = std::make_unique<orv::orv_SharingWindowController>(
+            orv::SharingEnvironment{services_, files_, folders_, scans_, scans_, alerts_, panels_,
+                                    windows_},
+            *accounts_->accountAtIndex(0), orv::StorageFigures{});
+        controller_->openSharingWindowWithDelegate(&opener_);
+        settle();
+    }
+    orv::SharingOutlets& outlets() { return controller_->outlets(); }
+
+    /// Until nothing is being computed.
+    void settle() {
+        ASSERT_TRUE(test_support::WaitUntil([this] {
+            loop_.advance(std::chrono::milliseconds(10));  // results travel together
+            return !controller_->computationInProgress();
+        }));
+        loop_.processPending();
+    }
+    [[nodiscard]] orv::OutlineDataSource& rows() { return *outlets()._folderTree.dataSource(); }
+    static std::string_view nameIn(std::string_view title) {
+        title.remove_prefix(title.find_first_not_of(' '));
+        return title.substr(0, title.find(" ("));
+    }
+    /// The row below the others, each by its name, opened as the person does.
+    OutlineItem row(std::initializer_list<std::string_view> names) {
+        OutlineItem at = nullptr;
+        for (const std::string_view name : names) {
+            if (at) rows().itemWillExpand(at);
+            OutlineItem found = nullptr;
+            for (std::size_t i = 0; i < rows().numberOfChildrenOfItem(at) && !found; ++i) {
+                const OutlineItem child = rows().childOfItem(i, at);
+                auto title = rows().cellOfItem(child).title;
+                if (nameIn(title).substr(0, name.size()) == name &&
+                    nameIn(title).find_first_not_of(' ', name.size()) == std::string_view::npos)
+                    found = child;
+            }
+            EXPECT_NE(found, nullptr) << name;
+            at = found;
+        }
+        return at;
+    }
+    void click(OutlineItem item) {
+        rows().toggleItem(item);
+        settle();
+    }
+    std::string title(OutlineItem item) {
+        const std::string text = rows().cellOfItem(item).title;
+        return text.substr(text.find_first_not_of(' '));
+    }
+    OutlineCheck check(OutlineItem item) { return rows().cellOfItem(item).check; }
+    quelm::Value stored(const char* file) {
+        return quelm::ReadPropertyListFile(folder_ / file).value.value_or(quelm::Value());
+    }
+    /// The hints that were posted so far.
+    std::vector<std::int64_t> hints() {
+        EXPECT_TRUE(orv::EndAgentEvents(std::chrono::seconds(10)));
+        std::vector<std::int64_t> found;
+        for (const auto& posted : center_->posted()) {
+            if (posted.name != orv::notifications::settingsChanged) continue;
+            const auto* const hint = posted.payload.find("hint");
+            found.push_back(hint && hint->asInteger() ? *hint->asInteger() : -1);
+        }
+        orv::BeginAgentEvents();
+        return found;
+    }
+    std::map<std::string, std::string> filesOfAccount() {
+        std::map<std::string, std::string> contents;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
+            contents[entry.path().filename()] = ContentOf(entry.path());
+        return contents;
+    }
+
+    /// The manual loop as one that the services own.
+    class Forwarder final : public platform::RunLoop {
+     public:
+        explicit Forwarder(test_support::ManualRunLoop& loop) : loop_(loop) {}
+        void post(Task task) override { loop_.post(std::move(task)); }
+        std::unique_ptr<Timer> after(std::chrono::milliseconds delay, Task task) override {
+            return loop_.after(delay, std::move(task));
+        }
+        std::unique_ptr<Timer> every(std::chrono::milliseconds interval, Task task) override {
+            return loop_.every(interval, std::move(task));
+        }
+        std::unique_ptr<Watch> watch(int descriptor, Task readable) override {
+            return loop_.watch(descriptor, std::move(readable));
+        }
+        int runModal() override { return loop_.runModal(); }
+        void stopModal(int code) override { loop_.stopModal(code); }
+        void processPending() override { loop_.processPending(); }
+        [[nodiscard]] TimePoint now() const override { return loop_.now(); }
+
+     private:
+        test_support::ManualRunLoop& loop_;
+    };
+
+    TemporaryFolder anna_;
+    test_support::ScopedEnvironment home_;
+    platform::Services services_;
+    Later files_;
+    Later folders_;
+    Later scans_;
+    test_support::FakeAlerts alerts_;
+    test_support::FakeFilePanels panels_;
+    NoWindows windows_;
+    Opener opener_;
+    std::unique_ptr<orv::orv_SharingWindowController> controller_;
+};
+
+TEST_F(TheSharingWindow, ShowsTheSizesOfWhatIsTicked) {
+    open();
+    const OutlineItem documents = row({"Documents"});
+    EXPECT_EQ(title(documents), "Documents");
+    click(documents);
+    EXPECT_EQ(title(documents), "Documents  (124 B)");
+    const OutlineItem taxes = row({"Documents", "taxes"});
+    settle();
+    title(taxes);  // shown, its size is computed
+    settle();
+    EXPECT_EQ(title(taxes), "taxes  (20 B)");
+    click(taxes);
+    EXPECT_EQ(title(documents), "Documents  (104 B)");
+    EXPECT_EQ(check(taxes), OutlineCheck::Unchecked);
+    EXPECT_EQ(outlets()._pieChartView.model().thisComputer, 104);
+    EXPECT_EQ(outlets()._pieChartView.model().quota, 5'368'709'120);
+    // hidden.txt, the link, and what is in the hidden folder
+    EXPECT_NE(outlets()._leftOutInfo.stringValue().find("3 of the selection (1007 B)"),
+              std::string::npos)
+        << outlets()._leftOutInfo.stringValue();
+}
+
+TEST_F(TheSharingWindow, TicksAShortcutAndItsFolderTogetherAndMarksThoseAbove) {
+    open();
+    click(row({"Desktop"}));
+    const std::string home = std::filesystem::path(anna_.path()).filename();
+    EXPECT_EQ(check(row({home})), OutlineCheck::Partly);
+    EXPECT_EQ(check(row({home, "Desktop"})), OutlineCheck::Checked);
+    // one folder, two rows, each below what it is shown under
+    const OutlineItem below = row({home, "Desktop"});
+    EXPECT_NE(below, row({"Desktop"}));
+    EXPECT_EQ(rows().parentOfItem(below), row({home}));
+    EXPECT_EQ(rows().parentOfItem(row({"Desktop"})), nullptr);
+    click(below);
+    EXPECT_EQ(check(row({"Desktop"})), OutlineCheck::Unchecked);
+    EXPECT_EQ(check(row({home})), OutlineCheck::Unchecked);
+}
+
+TEST_F(TheSharingWindow, StoresWithOkWhatWasChosenAndSaysSoOnce) {
+    open();
+    click(row({"Documents"}));
+    click(row({"Documents", "taxes"}));
+    outlets()._okButton.performClick();
+    EXPECT_EQ(stored("storage_info.plist"),
+              quelm::Value(Array{Array{anna_ / "Documents", true},
+                                 Array{anna_ / "Documents/taxes", false}}));
+    EXPECT_EQ(hints(), std::vector<std::int64_t>{2});
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "excluded_files.plist"));
+    EXPECT_EQ(opener_.heard, std::vector<std::string>{"finished 104 1"});
+    EXPECT_FALSE(outlets()._sharingWindow.isOpen());
+
+    // and shows it again
+    open();
+    const OutlineItem documents = row({"Documents"});
+    EXPECT_EQ(check(documents), OutlineCheck::Checked);
+    EXPECT_EQ(title(documents), "Documents  (104 B)");
+    EXPECT_EQ(check(row({"Documents", "taxes"})), OutlineCheck::Unchecked);
+}
+
+TEST_F(TheSharingWindow, LeavesEveryFileAloneWhenItIsCancelled) {
+    ASSERT_TRUE(orv::StoreArrayToFile(folder_ / "storage_info.plist",
+                                      Array{Array{anna_ / "Documents", true}, Array{"odd"}}));
+    accounts_->load();
+    const auto before = filesOfAccount();
+    open();
+    click(row({"Documents"}));
+    click(row({"Desktop"}));
+    outlets()._onlyTheseButton.performClick();
+    outlets()._excludeButton.performClick();
+    outlets().exclude._filterField.enterText("*.mp3");
+    outlets().exclude._addFilterButton.performClick();
+    panels_.chosen = {anna_ / "Documents/letter.txt"};
+    outlets().exclude._addFileButton.performClick();
+    outlets().exclude._okButton.performClick();
+    settle();
+    outlets()._cancelButton.performClick();
+    EXPECT_EQ(filesOfAccount(), before);
+    EXPECT_EQ(hints(), std::vector<std::int64_t>());
+    EXPECT_EQ(opener_.heard, std::vector<std::string>{"cancelled"});
+}
+
+TEST_F(TheSharingWindow, CountsTheChosenKindsOfFilesOnly) {
+    open();
+    click(row({"Documents"}));
+    EXPECT_TRUE(outlets()._allFilesButton.isOn());
+    EXPECT_FALSE(outlets()._musicButton.isEnabled());
+    outlets()._onlyTheseButton.performClick();
+    settle();
+    for (orv::CheckBox* box :
+         {&outlets()._documentsButton, &outlets()._financialButton, &outlets()._imagesButton,
+          &outlets()._archivesButton, &outlets()._databasesButton, &outlets()._videoButton}) {
+        box->setOn(false);
+    }
+    outlets()._musicButton.setOn(false);
+    outlets()._musicButton.performClick();
+    settle();
+    EXPECT_FALSE(outlets()._allFilesButton.isOn());
+    EXPECT_EQ(title(row({"Documents"})), "Documents  (100 B)");
+    outlets()._okButton.performClick();
+    const auto filters = stored("filter_info.plist");
+    ASSERT_NE(filters.asDictionary(), nullptr);
+    EXPECT_EQ(*filters.asDictionary()->find("all"), quelm::Value(false));
+}
+
+TEST_F(TheSharingWindow, ShowsWhatAPatternWouldLeaveOutWhileItIsTyped) {
+    open();
+    click(row({"Documents"}));
+    outlets()._excludeButton.performClick();
+    orv::ExcludeOutlets& sheet = outlets().exclude;
+    EXPECT_TRUE(sheet._previewInfo.isHidden());
+    EXPECT_FALSE(sheet._addFilterButton.isEnabled());
+    sheet._filterField.enterText("  \n");
+    EXPECT_FALSE(sheet._addFilterButton.isEnabled());
+    sheet._filterField.enterText(" *.mp3 ");
+    EXPECT_EQ(sheet._previewInfo.stringValue(),
+              "It would leave out 1 of the selected files (100 B).");
+    EXPECT_EQ(sheet._previewTable.textAt("name", 0), "song.mp3");
+    EXPECT_EQ(sheet._previewTable.textAt("folder", 0), anna_ / "Documents");
+    // the next key takes the answer's place
+    scans_.held = true;
+    sheet._filterField.enterText("*.t");
+    sheet._filterField.enterText("*.pdf");
+    scans_.release();
+    EXPECT_EQ(sheet._previewTable.textAt("name", 0), "2025.pdf");
+    sheet._filterField.enterText("*.mp3");
+    sheet._addFilterButton.performClick();
+    EXPECT_EQ(sheet._filterField.stringValue(), "");
+    EXPECT_TRUE(sheet._previewInfo.isHidden());
+    sheet._filterField.enterText("*.mp3");
+    sheet._addFilterButton.performClick();
+    EXPECT_EQ(sheet._excludeFiltersTable.numberOfRows(), 1U);
+    sheet._okButton.performClick();
+    settle();
+    EXPECT_EQ(outlets()._excludeInfo.stringValue(), "1 active exclude filter");
+    EXPECT_EQ(title(row({"Documents"})), "Documents  (24 B)");
+}
+
+TEST_F(TheSharingWindow, ExcludesFilesOneByOne) {
+    open();
+    outlets()._excludeButton.performClick();
+    orv::ExcludeOutlets& sheet = outlets().exclude;
+    panels_.chosen = {"/b", "/A", "/a", "/c"};
+    sheet._addFileButton.performClick();
+    ASSERT_EQ(panels_.shown.size(), 1U);
+    EXPECT_EQ(panels_.shown[0].title, "Choose Files");
+    EXPECT_EQ(panels_.shown[0].prompt, "Exclude");
+    EXPECT_EQ(sheet._excludedFilesTable.numberOfRows(), 3U);
+    sheet._excludedFilesTable.selectRows({1});
+    sheet._removeFileButton.performClick();
+    sheet._okButton.performClick();
+    EXPECT_EQ(outlets()._excludeInfo.stringValue(), "2 active exclude filters");
+    outlets()._okButton.performClick();
+    EXPECT_EQ(stored("excluded_files.plist"), quelm::Value(Array{"/A", "/c"}));
+    EXPECT_EQ(hints(), (std::vector<std::int64_t>{4096, 2}));
+}
+
+TEST_F(TheSharingWindow, SaysWhyAFileIsNotCounted) {
+    open();
+    outlets()._folderTree.selectItem(row({"Documents"}));
+    outlets()._leftOutButton.performClick();
+    orv::TableView& table = outlets().leftOut._leftOutTable;
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < table.numberOfRows(); ++i)
+        names.push_back(table.textAt("name", i));
+    EXPECT_EQ(names, (std::vector<std::string>{".cache", ".hidden", "link"}));
+    EXPECT_NE(table.textAt("reason", 2).find("link"), std::string::npos);
+}
+
+TEST_F(TheSharingWindow, DoesNotReplaceASelectionThatItCannotRead) {
+    folder_.makeFile("storage_info.plist", "no property list");
+    open();
+    EXPECT_FALSE(outlets()._notice.isHidden());
+    click(row({"Documents"}));
+    EXPECT_FALSE(outlets()._okButton.isEnabled());
+    outlets()._cancelButton.performClick();
+    EXPECT_EQ(ContentOf(folder_ / "storage_info.plist"), "no property list");
+}
+
+TEST_F(TheSharingWindow, AllowsNoMoreThanTheQuotaUnlessItIsLessThanBefore) {
+    folder_.makeFile("storage_quota.xml",
+                     "<request><parameters><total-quota>50</total-quota></parameters></request>");
+    ASSERT_TRUE(orv::StoreArrayToFile(folder_ / "storage_info.plist",
+                                      Array(1, Array{anna_ / "Documents", true})));
+    open();
+    ASSERT_EQ(outlets()._pieChartView.model().quota, 50);
+    EXPECT_TRUE(outlets()._okButton.isEnabled());
+    click(row({"Desktop"}));
+    EXPECT_FALSE(outlets()._okButton.isEnabled());
+    EXPECT_NE(outlets()._summaryLabel.stringValue().find("more than the storage holds"),
+              std::string::npos);
+    click(row({"Desktop"}));
+    EXPECT_TRUE(outlets()._okButton.isEnabled());
+}
+
+TEST_F(TheSharingWindow, RaisesWhatIsOpenAndClosesAtOnceWhileADiskHangs) {
+    folders_.held = true;
+    open();
+    EXPECT_FALSE(outlets()._okButton.isEnabled());
+    controller_->openSharingWindowWithDelegate(&opener_);
+    EXPECT_EQ(outlets()._sharingWindow.raises(), 2U);
+    EXPECT_EQ(windows_.shown, 1);
+    outlets()._cancelButton.performClick();
+    EXPECT_EQ(opener_.heard, std::vector<std::string>{"cancelled"});
+    folders_.release();
+    EXPECT_FALSE(outlets()._sharingWindow.isOpen());
+}
+
+TEST_F(TheSharingWindow, StaysOpenWithWhatWasChosenWhenItCannotBeStored) {
+    open();
+    click(row({"Documents"}));
+    std::filesystem::remove_all(folder_.path());
+    outlets()._okButton.performClick();
+    ASSERT_EQ(alerts_.shown.size(), 1U);
+    EXPECT_TRUE(outlets()._sharingWindow.isOpen());
+    EXPECT_TRUE(outlets()._okButton.isEnabled());
+    EXPECT_EQ(check(row({"Documents"})), OutlineCheck::Checked);
+    EXPECT_EQ(hints(), std::vector<std::int64_t>());
+}
+
+}  // namespace
