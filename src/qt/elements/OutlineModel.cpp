@@ -219,12 +219,17 @@ bool OutlineModel::canFetchMore(const QModelIndex& parent) const {
     const OutlineItem item = itemAt(parent);
     const Branch* branch = branchOf(item);
     // one without rows is opened too, so that those that come are noticed
-    if (!branch) return true;
-    return branch->rows.size() < std::min(source->numberOfChildrenOfItem(item), mostInBranch);
+    return !branch || (branch->rows.empty() && source->numberOfChildrenOfItem(item) > 0);
+}
+
+bool OutlineModel::fetchNextBlock(const QModelIndex& parent) {
+    const int before = rowCount(parent);
+    fetchUpTo(parent, static_cast<std::size_t>(before) + block);
+    return rowCount(parent) > before;
 }
 
 void OutlineModel::fetchMore(const QModelIndex& parent) {
-    fetchUpTo(parent, static_cast<std::size_t>(rowCount(parent)) + block);
+    fetchUpTo(parent, block);
 }
 
 void OutlineModel::fetchUpTo(const QModelIndex& parent, std::size_t rows) {
@@ -249,10 +254,9 @@ OutlineModel::Branch& OutlineModel::openBranch(const QModelIndex& parent) {
     return *branch;
 }
 
+/// Asked for every row that is laid out, so what stands in it does not count.
 Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
-    const bool hasCheckBox = cellAt(index).check != OutlineCheck::None;
-    const Qt::ItemFlags usual = QAbstractItemModel::flags(index);
-    return hasCheckBox ? usual | Qt::ItemIsUserCheckable : usual;
+    return QAbstractItemModel::flags(index) | Qt::ItemIsUserCheckable;
 }
 
 QVariant OutlineModel::data(const QModelIndex& index, int role) const {
@@ -274,6 +278,12 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
         default:
             return {};
     }
+}
+
+QVariant OutlineModel::headerData(int /*section*/, Qt::Orientation /*orientation*/,
+                                  int role) const {
+    if (role != Qt::DisplayRole) return {};
+    return ToQt(quelm::GetLocalizedString("Outline.NameColumn", "Name"));
 }
 
 bool OutlineModel::setData(const QModelIndex& index, const QVariant& /*value*/, int role) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTreeView>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -182,6 +183,9 @@ void TidewellStyle::polish(QWidget* widget) {
 
 int TidewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                const QWidget* widget) const {
+    // of a tree, check box, icon and text belong together
+    if (metric == PM_FocusFrameHMargin && qobject_cast<const QTreeView*>(widget))
+        return spacing::tight / 2;
     const auto row = std::ranges::find(metrics, metric, &MetricRow::metric);
     return row != metrics.end() ? row->value : QProxyStyle::pixelMetric(metric, option, widget);
 }
