@@ -222,10 +222,11 @@ bool OutlineModel::canFetchMore(const QModelIndex& parent) const {
     return !branch || (branch->rows.empty() && source->numberOfChildrenOfItem(item) > 0);
 }
 
+/// A view lays out all rows anew for every block, so blocks grow with what is there.
 bool OutlineModel::fetchNextBlock(const QModelIndex& parent) {
-    const int before = rowCount(parent);
-    fetchUpTo(parent, static_cast<std::size_t>(before) + block);
-    return rowCount(parent) > before;
+    const auto before = static_cast<std::size_t>(rowCount(parent));
+    fetchUpTo(parent, before + std::max(block, before / 4));
+    return static_cast<std::size_t>(rowCount(parent)) > before;
 }
 
 void OutlineModel::fetchMore(const QModelIndex& parent) {

@@ -32,6 +32,7 @@ constexpr auto primitives = std::to_array<PrimitiveRow>({
     {QStyle::PE_FrameDefaultButton, painting::nothing},
     {QStyle::PE_IndicatorCheckBox, painting::checkIndicator},
     {QStyle::PE_IndicatorRadioButton, painting::radioIndicator},
+    {QStyle::PE_IndicatorBranch, painting::branch},
     {QStyle::PE_PanelLineEdit, painting::field},
     {QStyle::PE_Frame, painting::frame},
     {QStyle::PE_FrameFocusRect, painting::focus},
