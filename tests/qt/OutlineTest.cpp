@@ -208,6 +208,7 @@ TEST_F(OutlineTest, SelectsFromBothSides) {
     updates.flush();
     EXPECT_EQ(tree_.selectedItem(), docs_);
     EXPECT_EQ(shown(), "disk+ home+ docs other ") << "what it is in was opened";
+    EXPECT_EQ(source_.expanded, (std::vector<const Node*>{disk_, home_}));
     outlet_.selectItem(nullptr);
     updates.flush();
     EXPECT_EQ(tree_.selectedItem(), nullptr);

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t mostInBranch = std::numeric_limits<int>::max();
 
 /// Without the blanks that make room for what others draw over the text.
-QString shownTitle(const OutlineCell& cell) {
+QString rowTitle(const OutlineCell& cell) {
     const std::size_t start = std::min(cell.title.find_first_not_of(' '), cell.title.size());
     return ShownLine(std::string_view(cell.title).substr(start));
 }
@@ -47,7 +47,7 @@ constexpr auto checkTexts = std::to_array<quelm::LocalizedText>({
 
 /// Name and state, for those who do not see the check box.
 QString spokenText(const OutlineCell& cell) {
-    const QString title = shownTitle(cell);
+    const QString title = rowTitle(cell);
     if (cell.check == OutlineCheck::None) return title;
     const quelm::LocalizedText& state = checkTexts[static_cast<std::size_t>(cell.check)];
     return ToQt(quelm::FormatLocalizedString(
@@ -263,7 +263,7 @@ Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
 QVariant OutlineModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
-            return shownTitle(cellAt(index));
+            return rowTitle(cellAt(index));
         case Qt::CheckStateRole:
             return checkState(cellAt(index));
         case Qt::DecorationRole:

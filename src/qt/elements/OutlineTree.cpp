@@ -97,8 +97,20 @@ OutlineItem OutlineTree::selectedItem() const {
     return selected.isEmpty() ? nullptr : rows_->itemAt(selected.front());
 }
 
+QModelIndex OutlineTree::outermostClosed(const QModelIndex& index) const {
+    QModelIndex closed;
+    for (QModelIndex around = index.parent(); around.isValid(); around = around.parent())
+        if (!isExpanded(around)) closed = around;
+    return closed;
+}
+
 void OutlineTree::selectItem(OutlineItem item) {
-    const QModelIndex index = rows_->indexOfItem(item);
+    const QPersistentModelIndex index = rows_->indexOfItem(item);
+    for (QModelIndex closed = outermostClosed(index); closed.isValid();
+         closed = outermostClosed(index)) {
+        expand(closed);
+        rows_->update();  // what is opened may bring rows
+    }
     if (index.isValid()) {
         setCurrentIndex(index);
     } else {

@@ -46,6 +46,7 @@ class OutlineTree final : public QTreeView {
  private:
     using Seen = std::vector<std::pair<OutlineItem, OutlineCell>>;
 
+    [[nodiscard]] QModelIndex outermostClosed(const QModelIndex& index) const;
     void keepPlace();
     void returnToPlace();
     void openAndFetch();
