@@ -1,6 +1,7 @@
 #include <QAbstractAnimation>
 #include <QApplication>
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -10,6 +11,7 @@
 #include "qt/SampleOutlets.h"
 #include "qt/WindowFixture.h"
 #include "qt/desktop/QtAlerts.h"
+#include "qt/desktop/QtFilePanels.h"
 #include "qt/elements/BusyIndicator.h"
 #include "qt/elements/Shake.h"
 #include "qt/windows/OnlinePasswordWindow.h"
@@ -138,6 +140,25 @@ TEST_F(AlertsTest, ShowTextsAsTheyAre) {
     }
     EXPECT_EQ(plain, 2);
     box.close();
+}
+
+using FilePanelsTest = test_support::WindowTest;
+
+TEST_F(FilePanelsTest, AnswerWithWhatIsChosenAndNothingWhenCancelled) {
+    const std::string one = configuration.makeFile("one & <two>.txt", "1");
+    QWidget window;
+    std::vector<std::vector<std::string>> answers;
+    for (const bool isChosen : {true, false}) {
+        QtFilePanels(&window).chooseFiles({"Choose Files", "Exclude", true},
+                                          [&](auto paths) { answers.push_back(std::move(paths)); });
+        auto* dialog = window.findChildren<QFileDialog*>().last();
+        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Choose Files"));
+        EXPECT_EQ(dialog->labelText(QFileDialog::Accept), QStringLiteral("Exclude"));
+        EXPECT_EQ(dialog->fileMode(), QFileDialog::ExistingFiles);
+        dialog->selectFile(QString::fromStdString(one));
+        static_cast<QDialog*>(dialog)->done(isChosen ? QDialog::Accepted : QDialog::Rejected);
+    }
+    EXPECT_EQ(answers, (std::vector<std::vector<std::string>>{{one}, {}}));
 }
 
 }  // namespace

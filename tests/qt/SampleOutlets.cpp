@@ -28,6 +28,9 @@ SampleOutlets::SampleOutlets() {
     fillAccount();
     fillDebug();
     fillDialogs();
+    fillTree();
+    fillSharing();
+    fillExclude();
 }
 
 void SampleOutlets::fillHeader() {

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "backup/sharing/SharingOutlets.h"
 #include "pane/PaneOutlets.h"
 #include "pane/password/OnlinePasswordOutlets.h"
 #include "pane/settings/AdvancedSettingsOutlets.h"
+#include "qt/SampleOutline.h"
 
 namespace test_support {
 
@@ -36,9 +38,15 @@ struct SampleOutlets {
     SampleRows folders;
     SampleRows projects;
     SampleRows events;
+    SampleOutline tree;
+    SampleRows preview;
+    SampleRows patterns;
+    SampleRows excludedFiles;
+    SampleRows leftOut;
     orv::PaneOutlets pane;
     orv::OnlinePasswordOutlets password;
     orv::AdvancedSettingsOutlets advanced;
+    orv::SharingOutlets sharing;
 
  private:
     void fillHeader();
@@ -47,6 +55,9 @@ struct SampleOutlets {
     void fillAccount();
     void fillDebug();
     void fillDialogs();
+    void fillTree();
+    void fillSharing();
+    void fillExclude();
 };
 
 }  // namespace test_support

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <map>
+#include <optional>
 #include <set>
 
 #include "qt/LongerTexts.h"
@@ -17,8 +18,11 @@
 #include "qt/desktop/Screenshots.h"
 #include "qt/elements/ImageLabel.h"
 #include "qt/windows/AdvancedSettingsWindow.h"
+#include "qt/windows/ExcludeFiltersWindow.h"
+#include "qt/windows/LeftOutWindow.h"
 #include "qt/windows/MainWindow.h"
 #include "qt/windows/OnlinePasswordWindow.h"
+#include "qt/windows/SharingWindow.h"
 
 namespace {
 
@@ -44,6 +48,36 @@ class WindowsTest : public test_support::WindowTest {
     }
 
     test_support::SampleOutlets outlets;
+};
+
+/// The window in which the person chooses what to back up, and its dialogs.
+class SharingWindowsTest : public WindowsTest {
+ protected:
+    void make() {
+        SharingOutlets& shown = outlets.sharing;
+        leftOut.reset();
+        exclude.reset();
+        sharing.emplace(context, shown, nullptr);
+        exclude.emplace(context, shown.exclude, &*sharing);
+        leftOut.emplace(context, shown.leftOut, &*sharing);
+    }
+    void open() {
+        make();
+        for (DialogWindow* window : dialogs())
+            window->orderFront();
+        updates.flush();
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] std::vector<DialogWindow*> dialogs() {
+        SharingOutlets& shown = outlets.sharing;
+        return {&shown._sharingWindow, &shown.exclude._excludeWindow,
+                &shown.leftOut._leftOutWindow};
+    }
+    [[nodiscard]] std::vector<QWidget*> windows() { return {&*sharing, &*exclude, &*leftOut}; }
+
+    std::optional<SharingWindow> sharing;
+    std::optional<ExcludeFiltersWindow> exclude;
+    std::optional<LeftOutWindow> leftOut;
 };
 
 template <class Widget>
@@ -112,34 +146,99 @@ TEST_F(WindowsTest, NoTextIsCutInTheSmallestWindow) {
     onEachPage(window, [&](const std::string& page) { expectNothingIsCut(window, page); });
 }
 
+void expectTabReachesAll(QWidget& window, const std::string& page) {
+    std::set<const QWidget*> wanted;
+    for (const QWidget* widget : shownIn<QWidget>(window)) {
+        const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (takesTab && widget->isEnabled() && !widget->focusProxy()) wanted.insert(widget);
+    }
+    std::vector<const QWidget*> reached;
+    window.setFocus();
+    while (reached.size() <= wanted.size()) {
+        QTest::keyClick(&window, Qt::Key_Tab);
+        const QWidget* at = QApplication::focusWidget();
+        if (!at || (!reached.empty() && at == reached.front())) break;
+        reached.push_back(at);
+    }
+    EXPECT_EQ(std::set<const QWidget*>(reached.begin(), reached.end()), wanted) << page;
+    EXPECT_GE(reached.size(), 2U) << page;
+    for (std::size_t i = 1; i < reached.size(); ++i) {
+        const QRect before(reached[i - 1]->mapTo(&window, QPoint()), reached[i - 1]->size());
+        const QPoint next = reached[i]->mapTo(&window, QPoint());
+        const bool isBelowOrRight = next.y() > before.top() || next.x() > before.right();
+        EXPECT_TRUE(isBelowOrRight)
+            << page << ": " << described(*reached[i - 1]) << " > " << described(*reached[i]);
+    }
+}
+
 TEST_F(WindowsTest, TabReachesEveryControlInReadingOrder) {
     MainWindow window(context, outlets.pane);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    onEachPage(window, [&](const std::string& page) {
-        std::set<const QWidget*> wanted;
-        for (const QWidget* widget : shownIn<QWidget>(window)) {
-            const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
-            if (takesTab && widget->isEnabled() && !widget->focusProxy()) wanted.insert(widget);
+    onEachPage(window, [&](const std::string& page) { expectTabReachesAll(window, page); });
+}
+
+TEST_F(SharingWindowsTest, TabReachesEveryControlInReadingOrder) {
+    make();
+    for (std::size_t i = 0; i < windows().size(); ++i) {
+        QWidget* window = windows()[i];
+        dialogs()[i]->orderFront();
+        updates.flush();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }));
+        expectTabReachesAll(*window, described(*window));
+        if (window != &*sharing) dialogs()[i]->close();
+    }
+}
+
+TEST_F(SharingWindowsTest, NoTextIsCut) {
+    for (const bool isLonger : {false, true}) {
+        std::optional<test_support::LongerTexts> language;
+        if (isLonger) language.emplace();
+        open();
+        EXPECT_EQ(sharing->size(), QSize(900, 640));
+        for (QWidget* window : windows())
+            expectNothingIsCut(*window, described(*window));
+        outlets.sharing._progressText.setHidden(true);  // which may be cut
+        updates.flush();
+        for (QWidget* window : windows()) {
+            window->resize(window->minimumSize());
+            QCoreApplication::processEvents();
+            expectNothingIsCut(*window, described(*window));
         }
-        std::vector<const QWidget*> reached;
-        window.setFocus();
-        while (reached.size() <= wanted.size()) {
-            QTest::keyClick(&window, Qt::Key_Tab);
-            const QWidget* at = QApplication::focusWidget();
-            if (!at || (!reached.empty() && at == reached.front())) break;
-            reached.push_back(at);
-        }
-        EXPECT_EQ(std::set<const QWidget*>(reached.begin(), reached.end()), wanted) << page;
-        EXPECT_GE(reached.size(), 3U) << page;
-        for (std::size_t i = 1; i < reached.size(); ++i) {
-            const QRect before(reached[i - 1]->mapTo(&window, QPoint()), reached[i - 1]->size());
-            const QPoint next = reached[i]->mapTo(&window, QPoint());
-            const bool isBelowOrRight = next.y() > before.top() || next.x() > before.right();
-            EXPECT_TRUE(isBelowOrRight)
-                << page << ": " << described(*reached[i - 1]) << " > " << described(*reached[i]);
-        }
+        EXPECT_LE(sharing->width(), 760);
+        EXPECT_LE(sharing->height(), 520);
+        outlets.sharing._progressText.setHidden(false);
+    }
+}
+
+TEST_F(SharingWindowsTest, TheOutletsKeepTheGroupOfRadioButtons) {
+    open();
+    SharingOutlets& shown = outlets.sharing;
+    auto* all = sharing->findChild<QAbstractButton*>(QStringLiteral("_allFilesButton"));
+    auto* only = sharing->findChild<QAbstractButton*>(QStringLiteral("_onlyTheseButton"));
+    shown._allFilesButton.setAction([&] {
+        shown._allFilesButton.setOn(true);
+        shown._onlyTheseButton.setOn(false);
     });
+    for (int click = 0; click < 2; ++click) {
+        all->click();
+        updates.flush();
+        EXPECT_TRUE(all->isChecked());
+        EXPECT_FALSE(only->isChecked());
+    }
+}
+
+TEST_F(SharingWindowsTest, EnterAddsThePatternThatIsTyped) {
+    open();
+    ExcludeOutlets& shown = outlets.sharing.exclude;
+    std::string done;
+    shown._filterField.setTextDidChange([&] { done += shown._filterField.stringValue() + ' '; });
+    shown._addFilterButton.setAction([&] { done += "added "; });
+    shown._okButton.setAction([&] { done += "ok "; });
+    auto* field = exclude->findChild<QWidget*>(QStringLiteral("_filterField"));
+    QTest::keyClick(field, Qt::Key_Backspace);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(done, "*.tm added ");
 }
 
 void expectNames(QWidget& window, const std::string& page) {
@@ -184,6 +283,14 @@ TEST_F(WindowsTest, EveryControlHasANameAndAMnemonicOfItsOwn) {
             expectNames(*each, page);
             expectUniqueMnemonics(*each, page);
         });
+}
+
+TEST_F(SharingWindowsTest, EveryControlHasANameAndAMnemonicOfItsOwn) {
+    open();
+    for (QWidget* window : windows()) {
+        expectNames(*window, described(*window));
+        expectUniqueMnemonics(*window, described(*window));
+    }
 }
 
 TEST_F(WindowsTest, TheMainWindowTellsWhenItIsShown) {

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t mostInBranch = std::numeric_limits<int>::max();
 
 /// Without the blanks that make room for what others draw over the text.
-QString shownTitle(const OutlineCell& cell) {
+QString rowTitle(const OutlineCell& cell) {
     const std::size_t start = std::min(cell.title.find_first_not_of(' '), cell.title.size());
     return ShownLine(std::string_view(cell.title).substr(start));
 }
@@ -47,7 +47,7 @@ constexpr auto checkTexts = std::to_array<quelm::LocalizedText>({
 
 /// Name and state, for those who do not see the check box.
 QString spokenText(const OutlineCell& cell) {
-    const QString title = shownTitle(cell);
+    const QString title = rowTitle(cell);
     if (cell.check == OutlineCheck::None) return title;
     const quelm::LocalizedText& state = checkTexts[static_cast<std::size_t>(cell.check)];
     return ToQt(quelm::FormatLocalizedString(
@@ -219,12 +219,18 @@ bool OutlineModel::canFetchMore(const QModelIndex& parent) const {
     const OutlineItem item = itemAt(parent);
     const Branch* branch = branchOf(item);
     // one without rows is opened too, so that those that come are noticed
-    if (!branch) return true;
-    return branch->rows.size() < std::min(source->numberOfChildrenOfItem(item), mostInBranch);
+    return !branch || (branch->rows.empty() && source->numberOfChildrenOfItem(item) > 0);
+}
+
+/// A view lays out all rows anew for every block, so blocks grow with what is there.
+bool OutlineModel::fetchNextBlock(const QModelIndex& parent) {
+    const auto before = static_cast<std::size_t>(rowCount(parent));
+    fetchUpTo(parent, before + std::max(block, before / 4));
+    return static_cast<std::size_t>(rowCount(parent)) > before;
 }
 
 void OutlineModel::fetchMore(const QModelIndex& parent) {
-    fetchUpTo(parent, static_cast<std::size_t>(rowCount(parent)) + block);
+    fetchUpTo(parent, block);
 }
 
 void OutlineModel::fetchUpTo(const QModelIndex& parent, std::size_t rows) {
@@ -249,16 +255,15 @@ OutlineModel::Branch& OutlineModel::openBranch(const QModelIndex& parent) {
     return *branch;
 }
 
+/// Asked for every row that is laid out, so what stands in it does not count.
 Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
-    const bool hasCheckBox = cellAt(index).check != OutlineCheck::None;
-    const Qt::ItemFlags usual = QAbstractItemModel::flags(index);
-    return hasCheckBox ? usual | Qt::ItemIsUserCheckable : usual;
+    return QAbstractItemModel::flags(index) | Qt::ItemIsUserCheckable;
 }
 
 QVariant OutlineModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
-            return shownTitle(cellAt(index));
+            return rowTitle(cellAt(index));
         case Qt::CheckStateRole:
             return checkState(cellAt(index));
         case Qt::DecorationRole:
@@ -274,6 +279,12 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
         default:
             return {};
     }
+}
+
+QVariant OutlineModel::headerData(int /*section*/, Qt::Orientation /*orientation*/,
+                                  int role) const {
+    if (role != Qt::DisplayRole) return {};
+    return ToQt(quelm::GetLocalizedString("Outline.NameColumn", "Name"));
 }
 
 bool OutlineModel::setData(const QModelIndex& index, const QVariant& /*value*/, int role) {

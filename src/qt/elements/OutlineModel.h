@@ -34,6 +34,9 @@ class OutlineModel final : public QAbstractItemModel {
     /// Draws the row, which has changed, anew.
     void cellDidChange(const QModelIndex& index) { Q_EMIT dataChanged(index, index); }
 
+    /// Takes more rows of a folder that is open, if there are any.
+    bool fetchNextBlock(const QModelIndex& parent);
+
     /// Null for no row.
     [[nodiscard]] OutlineItem itemAt(const QModelIndex& index) const;
     /// Takes as many rows as lie before it; invalid for null and for what is not in the outline.
@@ -49,10 +52,14 @@ class OutlineModel final : public QAbstractItemModel {
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
+    /// The first block of a folder; views ask for the whole of it as soon as it is opened.
     [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    /// Said, not shown.
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
     /// The check box asks the data source to toggle the row; what it shows is the answer.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 

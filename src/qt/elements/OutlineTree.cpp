@@ -20,6 +20,19 @@ class RowDelegate final : public QStyledItemDelegate {
  public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem placed = option;
+        const int space = spaceBefore(option, index);
+        const bool isMirrored = option.direction == Qt::RightToLeft;
+        placed.rect.adjust(isMirrored ? 0 : space, 0, isMirrored ? -space : 0, 0);
+        QStyledItemDelegate::paint(painter, placed, index);
+    }
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(spaceBefore(option, index), 0);
+    }
+
  protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
@@ -27,6 +40,17 @@ class RowDelegate final : public QStyledItemDelegate {
         if (!index.data(OutlineModel::faintRole).toBool()) return;
         const QColor faint = option->palette.color(QPalette::PlaceholderText);
         option->palette.setColor(QPalette::Text, faint);
+    }
+
+ private:
+    /// The place of a check box, where there is none.
+    static int spaceBefore(const QStyleOptionViewItem& option, const QModelIndex& index) {
+        if (index.data(Qt::CheckStateRole).isValid()) return 0;
+        const QStyle& style = *option.widget->style();
+        const auto metric = [&](QStyle::PixelMetric each) {
+            return style.pixelMetric(each, &option, option.widget);
+        };
+        return metric(QStyle::PM_IndicatorWidth) + 2 * (metric(QStyle::PM_FocusFrameHMargin) + 1);
     }
 };
 
@@ -43,7 +67,7 @@ OutlineTree::OutlineTree(QWidget* parent)
     setTextElideMode(Qt::ElideMiddle);  // sizes stand at the end
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setIconSize({spacing::smallIcon, spacing::smallIcon});
+    setIconSize({spacing::rowIcon, spacing::rowIcon});
     header()->setSectionResizeMode(QHeaderView::Stretch);
     header()->setMinimumSectionSize(0);
     // after the view's own, which lays the rows out
@@ -73,8 +97,20 @@ OutlineItem OutlineTree::selectedItem() const {
     return selected.isEmpty() ? nullptr : rows_->itemAt(selected.front());
 }
 
+QModelIndex OutlineTree::outermostClosed(const QModelIndex& index) const {
+    QModelIndex closed;
+    for (QModelIndex around = index.parent(); around.isValid(); around = around.parent())
+        if (!isExpanded(around)) closed = around;
+    return closed;
+}
+
 void OutlineTree::selectItem(OutlineItem item) {
-    const QModelIndex index = rows_->indexOfItem(item);
+    const QPersistentModelIndex index = rows_->indexOfItem(item);
+    for (QModelIndex closed = outermostClosed(index); closed.isValid();
+         closed = outermostClosed(index)) {
+        expand(closed);
+        rows_->update();  // what is opened may bring rows
+    }
     if (index.isValid()) {
         setCurrentIndex(index);
     } else {
@@ -127,8 +163,7 @@ bool OutlineTree::openOrFetchOnce() {
 }
 
 bool OutlineTree::fetchInto(const QModelIndex& index) {
-    const bool wants =
-        isExpanded(index) && rows_->rowCount(index) == 0 && rows_->canFetchMore(index);
+    const bool wants = isExpanded(index) && rows_->canFetchMore(index);
     if (wants) rows_->fetchMore(index);
     return wants;
 }
@@ -138,9 +173,7 @@ bool OutlineTree::fetchBehind(const QModelIndex& index) {
     for (QModelIndex last = index; last.isValid(); last = last.parent()) {
         const QModelIndex parent = last.parent();
         if (last.row() + 1 < rows_->rowCount(parent)) return false;
-        if (!rows_->canFetchMore(parent)) continue;
-        rows_->fetchMore(parent);
-        return true;
+        if (rows_->fetchNextBlock(parent)) return true;
     }
     return false;
 }
@@ -183,6 +216,17 @@ bool OutlineTree::viewportEvent(QEvent* event) {
     QToolTip::showText(help->globalPos(), PlainToolTip(index.data().toString()), viewport(),
                        visualRect(index));
     return true;
+}
+
+/// A click on a check box selects its row too. Nothing scrolls under the pointer.
+void OutlineTree::mousePressEvent(QMouseEvent* event) {
+    QTreeView::mousePressEvent(event);
+    const QPoint place = event->position().toPoint();
+    const QModelIndex index = indexAt(place);
+    if (event->button() != Qt::LeftButton || !visualRect(index).contains(place)) return;
+    setAutoScroll(false);
+    setCurrentIndex(index);
+    setAutoScroll(true);
 }
 
 void OutlineTree::keyPressEvent(QKeyEvent* event) {

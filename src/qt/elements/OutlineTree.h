@@ -34,6 +34,7 @@ class OutlineTree final : public QTreeView {
 
  protected:
     bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -45,6 +46,7 @@ class OutlineTree final : public QTreeView {
  private:
     using Seen = std::vector<std::pair<OutlineItem, OutlineCell>>;
 
+    [[nodiscard]] QModelIndex outermostClosed(const QModelIndex& index) const;
     void keepPlace();
     void returnToPlace();
     void openAndFetch();

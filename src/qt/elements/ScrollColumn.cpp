@@ -1,6 +1,7 @@
 #include "qt/elements/ScrollColumn.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QScrollBar>
 
 namespace orv {
@@ -27,6 +28,22 @@ QSize ScrollColumn::sizeHint() const {
 
 QSize ScrollColumn::minimumSizeHint() const {
     return {columnWidth(), 0};
+}
+
+/// What stands in the column is laid out before the window asks how wide it is: no layout reaches
+/// through a scroll area.
+void ScrollColumn::layOutContents() {
+    if (!widget()) return;
+    const QList<QWidget*> inner = widget()->findChildren<QWidget*>();
+    for (auto each = inner.rbegin(); each != inner.rend(); ++each)
+        if (QLayout* layout = (*each)->layout()) layout->activate();
+    if (QLayout* layout = widget()->layout()) layout->activate();
+}
+
+bool ScrollColumn::event(QEvent* event) {
+    const bool done = QScrollArea::event(event);
+    if (event->type() == QEvent::Polish) layOutContents();
+    return done;
 }
 
 bool ScrollColumn::eventFilter(QObject* watched, QEvent* event) {

@@ -15,9 +15,11 @@ class ScrollColumn final : public QScrollArea {
     [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    void layOutContents();
     [[nodiscard]] int columnWidth() const;
 };
 

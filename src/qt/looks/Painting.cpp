@@ -63,11 +63,14 @@ Box buttonBox(const QStyleOption& option) {
     return {reacting(palette.color(QPalette::Button), option), line};
 }
 
-void drawChevron(QPainter& painter, const QRectF& place, const QColor& color) {
-    const QPointF middle = place.center();
+/// Down, or turned by so many degrees.
+void drawChevron(QPainter& painter, const QRectF& place, const QColor& color, qreal turn = 0) {
+    const QPointF middle;
     const qreal reach = 4;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(place.center());
+    painter.rotate(turn);
     painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(
         QPolygonF({middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
@@ -239,6 +242,15 @@ void scrollBar(const QStyleOptionSlider& option, QPainter& painter) {
     const bool reacts = has(option, QStyle::State_MouseOver) || has(option, QStyle::State_Sunken);
     const QColor color = option.palette.color(reacts ? QPalette::Dark : QPalette::Mid);
     drawBox(painter, slider, {color, color}, std::min(slider.width(), slider.height()) / 2.0);
+}
+
+void branch(const QStyleOption& option, QPainter& painter) {
+    if (!has(option, QStyle::State_Children)) return;
+    const QPalette::ColorRole role =
+        has(option, QStyle::State_Selected) ? QPalette::HighlightedText : QPalette::PlaceholderText;
+    const qreal aside = option.direction == Qt::RightToLeft ? 90 : -90;
+    drawChevron(painter, option.rect, option.palette.color(role),
+                has(option, QStyle::State_Open) ? 0 : aside);
 }
 
 void tab(const QStyleOption& option, QPainter& painter) {

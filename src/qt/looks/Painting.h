@@ -30,6 +30,8 @@ void frame(const QStyleOption& option, QPainter& painter);
 /// Only once the person uses the keyboard to get about.
 void focus(const QStyleOption& option, QPainter& painter);
 void scrollBar(const QStyleOptionSlider& option, QPainter& painter);
+/// Opens and closes a row of a tree.
+void branch(const QStyleOption& option, QPainter& painter);
 /// Where a part of a scroll bar without arrows is.
 [[nodiscard]] QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part);
 void tab(const QStyleOption& option, QPainter& painter);

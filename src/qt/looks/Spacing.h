@@ -24,6 +24,8 @@ inline constexpr int rowPadding = 14;
 inline constexpr int cellPadding = 8;
 inline constexpr int leastColumn = 80;
 
+/// Of icons in the rows of a tree.
+inline constexpr int rowIcon = 20;
 /// Of icons in buttons, tabs and beside a line of text.
 inline constexpr int smallIcon = 18;
 

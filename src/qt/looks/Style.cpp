@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTreeView>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -31,6 +32,7 @@ constexpr auto primitives = std::to_array<PrimitiveRow>({
     {QStyle::PE_FrameDefaultButton, painting::nothing},
     {QStyle::PE_IndicatorCheckBox, painting::checkIndicator},
     {QStyle::PE_IndicatorRadioButton, painting::radioIndicator},
+    {QStyle::PE_IndicatorBranch, painting::branch},
     {QStyle::PE_PanelLineEdit, painting::field},
     {QStyle::PE_Frame, painting::frame},
     {QStyle::PE_FrameFocusRect, painting::focus},
@@ -182,6 +184,9 @@ void TidewellStyle::polish(QWidget* widget) {
 
 int TidewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                const QWidget* widget) const {
+    // of a tree, check box, icon and text belong together
+    if (metric == PM_FocusFrameHMargin && qobject_cast<const QTreeView*>(widget))
+        return spacing::tight / 2;
     const auto row = std::ranges::find(metrics, metric, &MetricRow::metric);
     return row != metrics.end() ? row->value : QProxyStyle::pixelMetric(metric, option, widget);
 }

@@ -1,7 +1,9 @@
 #include "qt/looks/SvgIconEngine.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -34,7 +36,7 @@ QPixmap SvgIconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::
                             .arg(name_)
                             .arg(size.width())
                             .arg(size.height())
-                            .arg(int(mode == QIcon::Disabled));
+                            .arg(int(mode));
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = render(size, mode);
@@ -46,6 +48,8 @@ QPixmap SvgIconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::
 
 QPixmap SvgIconEngine::render(const QSize& size, QIcon::Mode mode) const {
     constexpr qreal disabledOpacity = 0.45;
+    // to be told from the selection behind it
+    constexpr float selectedTint = 0.7F;
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QSvgRenderer renderer(svg_);
@@ -53,6 +57,12 @@ QPixmap SvgIconEngine::render(const QSize& size, QIcon::Mode mode) const {
     QPainter painter(&image);
     if (mode == QIcon::Disabled) painter.setOpacity(disabledOpacity);
     renderer.render(&painter);
+    if (mode == QIcon::Selected) {
+        QColor tint = QGuiApplication::palette().color(QPalette::HighlightedText);
+        tint.setAlphaF(selectedTint);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+        painter.fillRect(image.rect(), tint);
+    }
     painter.end();
     return QPixmap::fromImage(image);
 }

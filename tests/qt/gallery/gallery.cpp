@@ -20,8 +20,11 @@
 #include "qt/looks/Theme.h"
 #include "qt/texts/LocalizedTranslator.h"
 #include "qt/windows/AdvancedSettingsWindow.h"
+#include "qt/windows/ExcludeFiltersWindow.h"
+#include "qt/windows/LeftOutWindow.h"
 #include "qt/windows/MainWindow.h"
 #include "qt/windows/OnlinePasswordWindow.h"
+#include "qt/windows/SharingWindow.h"
 
 namespace {
 
@@ -56,6 +59,51 @@ QStringList alertPictures(const orv::WindowContext& context, QWidget& window, co
         if (qobject_cast<QMessageBox*>(top))
             taken += orv::TakeScreenshots(*top, folder,
                                           QStringLiteral("alert%1").arg(taken.size()) + end);
+    return taken;
+}
+
+QStringList sharingPictures(const orv::WindowContext& context, const QString& folder,
+                            const QString& end) {
+    test_support::SampleOutlets outlets;
+    orv::SharingOutlets& shown = outlets.sharing;
+    orv::SharingWindow sharing(context, shown, nullptr);
+    orv::ExcludeFiltersWindow exclude(context, shown.exclude, &sharing);
+    orv::LeftOutWindow leftOut(context, shown.leftOut, &sharing);
+    for (orv::DialogWindow* window :
+         {&shown._sharingWindow, &shown.exclude._excludeWindow, &shown.leftOut._leftOutWindow})
+        window->orderFront();
+    context.updates.flush();
+    QStringList taken = orv::TakeScreenshots(sharing, folder, QStringLiteral("sharing") + end);
+    taken += orv::TakeScreenshots(exclude, folder, QStringLiteral("exclude") + end);
+    taken += orv::TakeScreenshots(leftOut, folder, QStringLiteral("left-out") + end);
+
+    // as small as it gets, while nothing is computed and there is something to say
+    shown._notice.setHidden(false);
+    shown._notice.setStringValue("2 folders cannot be read. They are left out of the backup.");
+    shown._spinner.stopAnimation();
+    shown._progressText.setHidden(true);
+    shown._onlyTheseButton.setOn(false);
+    shown._allFilesButton.setOn(true);
+    for (orv::CheckBox* box : {&shown._documentsButton, &shown._financialButton,
+                               &shown._imagesButton, &shown._archivesButton,
+                               &shown._databasesButton, &shown._musicButton, &shown._videoButton})
+        box->setEnabled(false);
+    shown._folderTree.selectItem(outlets.tree.root.children.front());
+    shown.exclude._filterField.setStringValue("");
+    shown.exclude._previewInfo.setHidden(true);
+    shown.exclude._previewTable.setHidden(true);
+    shown.exclude._addFilterButton.setEnabled(false);
+    outlets.patterns.rows.clear();
+    shown.exclude._excludeFiltersTable.reloadData();
+    outlets.leftOut.rows.clear();
+    shown.leftOut._leftOutTable.reloadData();
+    shown.leftOut._indicator.startAnimation();
+    context.updates.flush();
+    for (QWidget* window : std::initializer_list<QWidget*>{&sharing, &exclude, &leftOut})
+        window->resize(window->minimumSize());
+    taken += orv::TakeScreenshots(sharing, folder, QStringLiteral("small-sharing") + end);
+    taken += orv::TakeScreenshots(exclude, folder, QStringLiteral("small-exclude") + end);
+    taken += orv::TakeScreenshots(leftOut, folder, QStringLiteral("small-left-out") + end);
     return taken;
 }
 
@@ -107,6 +155,7 @@ void takeAll(const orv::WindowContext& context, const QString& folder, const QSt
     taken += orv::TakeScreenshots(window, folder, QStringLiteral("bad-main") + end);
     taken += orv::TakeScreenshots(advanced, folder, QStringLiteral("bad-advanced") + end);
     taken += orv::TakeScreenshots(password, folder, QStringLiteral("bad-password") + end);
+    taken += sharingPictures(context, folder, end);
     taken += alertPictures(context, window, folder, end);
     for (const QString& path : taken)
         std::cout << path.toStdString() << '\n';
