@@ -21,8 +21,8 @@ namespace test_support {
 class RecordingScanDelegate final : public orv::FolderScannerDelegate {
  public:
     void folderScanResult(const orv::orv_FolderScannerRequest& request) override {
-        told.push_back(fmt::format("{}: {} bytes in {}", request.path(), request.size(),
-                                   request.files()));
+        told.push_back(
+            fmt::format("{}: {} bytes in {}", request.path(), request.size(), request.files()));
         results.push_back(request);
         if (onResult) onResult();
     }

@@ -39,8 +39,7 @@ class DiskFolderReader final : public FolderReader {
         if (path.size() > PATH_MAX) return false;
         if (!folder.isSubfolder) return entries_.open(path.c_str());
         if (!folder.parent) return entries_.openChild(-1, path.c_str());
-        return entries_.openChild(folder.parent->descriptor(),
-                                  path.c_str() + path.rfind('/') + 1);
+        return entries_.openChild(folder.parent->descriptor(), path.c_str() + path.rfind('/') + 1);
     }
 
     void begin(const FolderPlace& folder, const ScannerFilters& filters) {

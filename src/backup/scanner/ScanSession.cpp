@@ -121,8 +121,7 @@ void ScanSession::waitForWork(Lock& lock) {
         const Unlocked unlocked(lock);
         mailbox_->send({ScanMessage::Kind::ScanningFinished, nullptr});
     }
-    workerWakes_.wait(lock,
-                      [&] { return !stack_.empty() || !retired_.empty() || isStopped_; });
+    workerWakes_.wait(lock, [&] { return !stack_.empty() || !retired_.empty() || isStopped_; });
 }
 
 void ScanSession::workOn(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
@@ -180,8 +179,7 @@ std::optional<FolderReading> ScanSession::takeReading(ScanJob& job, FolderReader
     return reader.read(job.folder, *filters, isStopped_);
 }
 
-void ScanSession::readAhead(const std::shared_ptr<ScanJob>& job, FolderReader& reader,
-                            Lock& lock) {
+void ScanSession::readAhead(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
     job->ahead = ScanJob::Reading::UnderWay;
     job->filters = filters_;
     std::optional<FolderReading> reading;
