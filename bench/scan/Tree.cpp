@@ -17,14 +17,16 @@ namespace {
 
 /// By how often they occur; some 85 in 100 belong to a category of filters.
 constexpr std::array<std::string_view, 40> endings = {
-    ".jpg",  ".jpg", ".JPG",  ".jpg",  ".png", ".png", ".pdf", ".pdf", ".docx", ".docx",
-    ".xlsx", ".txt", ".txt",  ".html", ".htm", ".css", ".xml", ".mp3", ".mp3",  ".m4a",
-    ".mp4",  ".mov", ".zip",  ".gz",   ".csv", ".pptx", ".rtf", ".gif", ".svg",  ".psd",
-    ".odt",  ".eml", ".tiff", ".flac", ".o",   ".js",  ".map", ".so.1", "",      ".json"};
+    ".jpg",  ".jpg", ".JPG",  ".jpg",  ".png", ".png",  ".pdf", ".pdf",  ".docx", ".docx",
+    ".xlsx", ".txt", ".txt",  ".html", ".htm", ".css",  ".xml", ".mp3",  ".mp3",  ".m4a",
+    ".mp4",  ".mov", ".zip",  ".gz",   ".csv", ".pptx", ".rtf", ".gif",  ".svg",  ".psd",
+    ".odt",  ".eml", ".tiff", ".flac", ".o",   ".js",   ".map", ".so.1", "",      ".json"};
 constexpr std::array<std::string_view, 8> stems = {
-    "IMG_20240611_", "report for the board ", "notes-", "index",
-    "scan page ",    "Invoice ",              "track ", "a longer name with what it is about "};
-constexpr std::array<std::string_view, 6> folderStems = {"Project ",  "src",   "Holiday pictures ",
+    "IMG_20240611_", "report for the board ",
+    "notes-",        "index",
+    "scan page ",    "Invoice ",
+    "track ",        "a longer name with what it is about "};
+constexpr std::array<std::string_view, 6> folderStems = {"Project ",  "src",    "Holiday pictures ",
                                                          "customer-", "album ", "lib"};
 
 platform::FileDescriptor openFolder(const std::string& path) {

@@ -9,8 +9,8 @@
 #include <fmt/ostream.h>
 #include <fstream>
 #include <functional>
-#include <map>
 #include <malloc.h>
+#include <map>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -30,9 +30,10 @@ orv::ScannerFilters filters() {
     for (const auto& category : orv::FilterCategories())
         all.include.addFilters(category.type, category.patterns);
     for (const char* pattern :
-         {"*.tmp",  "*.bak",        "*~",      "*.swp",   ".DS_Store", "Thumbs.db", "*.vmdk",
-          "*.vdi",  "~$*",          "*.part",  "*.dmg",   "*.iso",     "*_old.*",   "core.[0-9]*",
-          "*.lock", "*.crdownload", "cache-*", "*.cache", "*.log",     "*copy of copy*"})
+         {"*.tmp",        "*.bak",   "*~",      "*.swp",       ".DS_Store",
+          "Thumbs.db",    "*.vmdk",  "*.vdi",   "~$*",         "*.part",
+          "*.dmg",        "*.iso",   "*.old",   "core.[0-9]*", "*.lock",
+          "*.crdownload", "cache-*", "*.cache", "*.log",       "*copy of copy*"})
         all.exclude.addFilter(pattern, orv::FILTER_EXCLUDED);
     std::vector<std::string> expressions;
     for (const char* name : {"Caches", "node_modules", "\\.Trash", "\\.git/objects", "\\.tmp",
@@ -113,9 +114,9 @@ int main(int argc, char** argv) {
         return argc > at ? std::strtoul(argv[at], nullptr, 10) : otherwise;
     };
     const std::size_t folders = number(3, 20'000);
-    const ScanTree tree(argc > 5 ? std::filesystem::path(argv[5])
-                                 : std::filesystem::temp_directory_path(),
-                        folders, number(4, 400'000));
+    const ScanTree tree(
+        argc > 5 ? std::filesystem::path(argv[5]) : std::filesystem::temp_directory_path(), folders,
+        number(4, 400'000));
     const auto with = filters();
     const auto sum = scan(tree.path(), with, true);
     fmt::print("{} of {} folders scanned, {} files, {} of {} bytes\n", sum.folders, folders,
