@@ -1,7 +1,7 @@
-#include "backup/scanner/ExcludePreview.h"
-
 #include <gtest/gtest.h>
 #include <limits>
+
+#include "backup/scanner/ExcludePreview.h"
 
 namespace {
 
@@ -9,8 +9,7 @@ using orv::PreviewExclude;
 using orv::ScannedFiles;
 
 std::shared_ptr<const ScannedFiles> filesOf(
-    const std::string& folder,
-    const std::vector<std::pair<std::string, std::uint64_t>>& files) {
+    const std::string& folder, const std::vector<std::pair<std::string, std::uint64_t>>& files) {
     std::string packed;
     for (const auto& [name, size] : files)
         ScannedFiles::pack(packed, name, size);
@@ -20,8 +19,11 @@ std::shared_ptr<const ScannedFiles> filesOf(
 TEST(ScannedFiles, GiveBackAnyNameAndSize) {
     using Largest = std::numeric_limits<std::uint64_t>;
     std::vector<std::pair<std::string, std::uint64_t>> files = {
-        {"a", 0}, {std::string(127, 'b'), 127}, {std::string(128, 'c'), 128},
-        {"\xFF\n\x80", 16'384}, {std::string(255, 'd'), Largest::max()}};
+        {"a", 0},
+        {std::string(127, 'b'), 127},
+        {std::string(128, 'c'), 128},
+        {"\xFF\n\x80", 16'384},
+        {std::string(255, 'd'), Largest::max()}};
     const auto packed = filesOf("/f", files);
     std::vector<std::pair<std::string, std::uint64_t>> found;
     for (const auto [name, size] : *packed)

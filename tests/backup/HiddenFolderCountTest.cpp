@@ -1,8 +1,9 @@
-#include "backup/scanner/HiddenFolderCount.h"
-
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 
+#include "backup/scanner/HiddenFolderCount.h"
+#include "support/PrivateMounts.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -30,16 +31,16 @@ TEST(HiddenFolderCount, CountsFilesAndLinksAtAnyDepthAndFollowsNoLink) {
 }
 
 TEST(HiddenFolderCount, StaysOnTheFileSystemOfEachFolder) {
-    struct stat root = {};
-    struct stat processes = {};
-    if (::stat("/", &root) != 0 || ::stat("/proc/sys", &processes) != 0 ||
-        root.st_dev == processes.st_dev) {
-        GTEST_SKIP() << "no other file system is mounted at /proc";
-    }
+    if (const auto why = test_support::WhyNoPrivateMounts(); !why.empty()) GTEST_SKIP() << why;
     const TemporaryFolder folder;
-    folder.makeFile("deep/file", "1");
-    EXPECT_EQ(CountHiddenFolders({folder.path()}, {})->files, 1U);
-    EXPECT_GT(CountHiddenFolders({"/proc/sys/vm"}, {})->files, 1U);
+    folder.makeFile(".hidden/file", "1");
+    const std::string mounted = folder.makeFolder(".hidden/mounted");
+    test_support::WithPrivateMounts([&] {
+        ASSERT_EQ(::mount("none", mounted.c_str(), "tmpfs", 0, nullptr), 0);
+        folder.makeFile(".hidden/mounted/elsewhere", "22");
+        EXPECT_EQ(CountHiddenFolders({folder / ".hidden"}, {})->bytes, 1U);
+        EXPECT_EQ(CountHiddenFolders({mounted}, {})->bytes, 2U);
+    });
 }
 
 TEST(HiddenFolderCount, AnswersNothingOnceItIsToStop) {

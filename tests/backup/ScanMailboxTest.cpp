@@ -1,9 +1,8 @@
-#include "backup/scanner/ScanMailbox.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "ScannerTestSupport.h"
+#include "backup/scanner/ScanMailbox.h"
 
 namespace {
 
@@ -21,9 +20,9 @@ class ScanMailboxTest : public testing::Test {
         }
     }
     void sendSlowResult() {
-        mailbox_->send({ScanMessage::Kind::Result,
-                        std::make_shared<const orv::orv_FolderScannerRequest>(
-                            "slow", nullptr, orv::FolderTotals{})});
+        mailbox_->send(
+            {ScanMessage::Kind::Result, std::make_shared<const orv::orv_FolderScannerRequest>(
+                                            "slow", nullptr, orv::FolderTotals{})});
     }
 
     test_support::ManualRunLoop loop_;
