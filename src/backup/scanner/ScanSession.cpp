@@ -8,6 +8,9 @@ namespace orv {
 
 namespace {
 
+/// So many folders are scanned before a helper that had nothing left to do is asked again.
+constexpr int patienceOfHelper = 32;
+
 std::shared_ptr<ScanJob> jobOf(FolderPlace folder, std::shared_ptr<const orv_ScanInfo> object) {
     auto job = std::make_shared<ScanJob>();
     job->folder = std::move(folder);
@@ -15,12 +18,13 @@ std::shared_ptr<ScanJob> jobOf(FolderPlace folder, std::shared_ptr<const orv_Sca
     return job;
 }
 
+/// In reverse.
 ScanJobs jobsOf(std::vector<FolderPlace> folders,
                 const std::shared_ptr<const orv_ScanInfo>& object) {
     ScanJobs jobs;
     jobs.reserve(folders.size());
-    for (FolderPlace& folder : folders)
-        jobs.push_back(jobOf(std::move(folder), object));
+    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder)
+        jobs.push_back(jobOf(std::move(*folder), object));
     return jobs;
 }
 
@@ -45,8 +49,8 @@ ScanSession::ScanSession(std::shared_ptr<ScanMailbox> mailbox, FolderReaderFacto
       filters_(std::move(filters)) {}
 
 void ScanSession::start(bool readAhead) {
+    if (readAhead) helper_ = Helper::Wanted;
     std::thread([self = shared_from_this()] { self->work(); }).detach();
-    if (readAhead) std::thread([self = shared_from_this()] { self->help(); }).detach();
 }
 
 void ScanSession::stop() {
@@ -125,6 +129,7 @@ void ScanSession::waitForWork(Lock& lock) {
 }
 
 void ScanSession::workOn(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
+    isScanning_ = true;
     if (job->isBegun) {
         tellSubtreeFinished(job, lock);
     } else if (job->ahead == ScanJob::Reading::UnderWay) {
@@ -144,51 +149,59 @@ void ScanSession::waitForHelper(FolderReader& reader, Lock& lock) {
     if (const auto other = stack_.nextToReadAhead()) {
         readAhead(other, reader, lock);
     } else {
+        workerWaits_ = true;
         workerWakes_.wait(lock);
+        workerWaits_ = false;
     }
 }
 
 void ScanSession::scan(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
-    isScanning_ = true;
     // it stays where it is, below its subfolders
     job->isBegun = true;
-    auto reading = takeReading(*job, reader, lock);
+    const bool isRead = job->ahead == ScanJob::Reading::Ready && job->filters == filters_;
+    if (!isRead || ++scannedMeanwhile_ == patienceOfHelper) callHelper();
+    if (!isRead) read(*job, reader, lock);
     if (isStopped_) return;
-    if (!reading) return stack_.remove(*job);
-
-    ScanJobs subfolders;
+    if (!job->result) return stack_.remove(*job);
     {
         const Unlocked unlocked(lock);
         job->folder.parent.reset();
-        subfolders = jobsOf(std::move(reading->subfolders), job->object);
-        job->result = std::make_shared<const orv_FolderScannerRequest>(
-            job->folder.path, job->object, std::move(reading->totals));
         mailbox_->send({ScanMessage::Kind::Result, job->result});
     }
-    if (!job->isCancelled) stack_.pushOnTop(subfolders);
+    if (!job->isCancelled) stack_.pushOnTop(std::exchange(job->subfolders, {}));
 }
 
-std::optional<FolderReading> ScanSession::takeReading(ScanJob& job, FolderReader& reader,
-                                                      Lock& lock) {
-    if (job.ahead == ScanJob::Reading::Ready && job.filters == filters_) {
-        return std::move(job.reading);
-    }
-    if (helperSleeps_ && stack_.nextToReadAhead()) helperWakes_.notify_one();
-    const Filters filters = filters_;
+void ScanSession::read(ScanJob& job, FolderReader& reader, Lock& lock) {
+    job.filters = filters_;
     const Unlocked unlocked(lock);
-    return reader.read(job.folder, *filters, isStopped_);
+    job.result = nullptr;
+    job.subfolders.clear();
+    auto reading = reader.read(job.folder, *job.filters, isStopped_);
+    if (!reading) return;
+    job.subfolders = jobsOf(std::move(reading->subfolders), job.object);
+    job.result = std::make_shared<const orv_FolderScannerRequest>(job.folder.path, job.object,
+                                                                  std::move(reading->totals));
 }
 
 void ScanSession::readAhead(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
     job->ahead = ScanJob::Reading::UnderWay;
-    job->filters = filters_;
-    std::optional<FolderReading> reading;
-    {
-        const Unlocked unlocked(lock);
-        reading = reader.read(job->folder, *job->filters, isStopped_);
-    }
-    job->reading = std::move(reading);
+    read(*job, reader, lock);
     job->ahead = ScanJob::Reading::Ready;
+}
+
+void ScanSession::callHelper() {
+    const bool isIdle = helper_ == Helper::Wanted || helper_ == Helper::Asleep;
+    if (!isIdle || !stack_.nextToReadAhead()) return;
+    if (helper_ == Helper::Asleep) return helperWakes_.notify_one();
+    helper_ = Helper::Awake;
+    std::thread([self = shared_from_this()] { self->help(); }).detach();
+}
+
+void ScanSession::sleepAsHelper(Lock& lock) {
+    helper_ = Helper::Asleep;
+    scannedMeanwhile_ = 0;
+    helperWakes_.wait(lock);
+    helper_ = Helper::Awake;
 }
 
 void ScanSession::help() {
@@ -197,11 +210,9 @@ void ScanSession::help() {
     while (!isStopped_) {
         if (const auto job = stack_.nextToReadAhead()) {
             readAhead(job, *reader, lock);
-            workerWakes_.notify_one();
+            if (workerWaits_) workerWakes_.notify_one();
         } else {
-            helperSleeps_ = true;
-            helperWakes_.wait(lock);
-            helperSleeps_ = false;
+            sleepAsHelper(lock);
         }
     }
 }

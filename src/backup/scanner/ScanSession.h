@@ -33,6 +33,7 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
 
  private:
     using Lock = std::unique_lock<std::mutex>;
+    enum class Helper { Unwanted, Wanted, Awake, Asleep };
     using Filters = std::shared_ptr<const ScannerFilters>;
 
     // the worker, which tells what is found; all under the lock
@@ -42,13 +43,14 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
     void waitForHelper(FolderReader& reader, Lock& lock);
     void tellSubtreeFinished(const std::shared_ptr<ScanJob>& job, Lock& lock);
     void scan(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);
-    [[nodiscard]] std::optional<FolderReading> takeReading(ScanJob& job, FolderReader& reader,
-                                                           Lock& lock);
     void freeRetired(Lock& lock);
 
-    // the helper, which reads ahead
+    // the helper, which reads ahead; likewise
     void help();
+    void sleepAsHelper(Lock& lock);
+    void callHelper();
     void readAhead(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);
+    void read(ScanJob& job, FolderReader& reader, Lock& lock);
 
     const std::shared_ptr<ScanMailbox> mailbox_;
     const FolderReaderFactory makeReader_;
@@ -58,7 +60,11 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
     std::mutex mutex_;  // for what follows
     std::condition_variable workerWakes_;
     std::condition_variable helperWakes_;
-    bool helperSleeps_ = false;
+    /// For the helper, with the folder on top.
+    bool workerWaits_ = false;
+    Helper helper_ = Helper::Unwanted;
+    /// How many folders were scanned since the helper fell asleep.
+    int scannedMeanwhile_ = 0;
     bool isScanning_ = false;
     ScanStack stack_;
     /// Cancelled, to be freed where that may take its time.

@@ -10,8 +10,19 @@ namespace orv {
 
 namespace {
 
-/// How far from the top folders are read ahead. What was read waits in memory.
-constexpr std::ptrdiff_t readAheadDepth = 64;
+/// How many folders in order, begun ones among them, are looked at for one to read ahead. What was
+/// read waits in memory.
+constexpr int foldersAhead = 128;
+
+std::shared_ptr<ScanJob> nextUnread(const ScanJobs& jobs, int& left) {
+    for (auto job = jobs.rbegin(); job != jobs.rend() && left > 0; ++job, --left) {
+        if ((*job)->isBegun) continue;
+        if ((*job)->ahead == ScanJob::Reading::None) return *job;
+        if ((*job)->ahead == ScanJob::Reading::UnderWay) continue;
+        if (auto below = nextUnread((*job)->subfolders, left)) return below;
+    }
+    return nullptr;
+}
 
 using IsBelow = bool (*)(std::string_view path, std::string_view prefix);
 
@@ -37,15 +48,13 @@ bool ScanStack::contains(const orv_ScanInfo* object, std::string_view path) cons
 }
 
 std::shared_ptr<ScanJob> ScanStack::nextToReadAhead() const {
-    const auto count = std::min(std::ssize(jobs_), readAheadDepth);
-    const auto found = std::find_if(jobs_.rbegin(), jobs_.rbegin() + count, [](const auto& job) {
-        return !job->isBegun && job->ahead == ScanJob::Reading::None;
-    });
-    return found != jobs_.rbegin() + count ? *found : nullptr;
+    int left = foldersAhead;
+    return nextUnread(jobs_, left);
 }
 
-void ScanStack::pushOnTop(const ScanJobs& jobs) {
-    jobs_.insert(jobs_.end(), jobs.rbegin(), jobs.rend());
+void ScanStack::pushOnTop(ScanJobs jobs) {
+    jobs_.insert(jobs_.end(), std::make_move_iterator(jobs.begin()),
+                 std::make_move_iterator(jobs.end()));
 }
 
 void ScanStack::addToBottom(std::shared_ptr<ScanJob> job) {

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +9,9 @@
 #include "backup/scanner/FolderReader.h"
 
 namespace orv {
+
+struct ScanJob;
+using ScanJobs = std::vector<std::shared_ptr<ScanJob>>;
 
 /// A folder on its way through the scanner.
 struct ScanJob {
@@ -22,16 +24,16 @@ struct ScanJob {
     /// Whether it was taken off the stack before it was done.
     bool isCancelled = false;
 
-    // what was read ahead, with which filters
+    /// Whether it is read ahead, and with which filters.
     Reading ahead = Reading::None;
     std::shared_ptr<const ScannerFilters> filters;
-    std::optional<FolderReading> reading;
 
-    /// What was told of the folder.
+    // What was read; whoever reads it may write it without a lock.
+    /// Null for what cannot be opened.
     std::shared_ptr<const orv_FolderScannerRequest> result;
+    /// Those that are to be scanned after it, the first one last.
+    ScanJobs subfolders;
 };
-
-using ScanJobs = std::vector<std::shared_ptr<ScanJob>>;
 
 /// The folders that are to be scanned, the next on top. One thread at a time.
 class ScanStack {
@@ -39,12 +41,13 @@ class ScanStack {
     [[nodiscard]] bool empty() const { return jobs_.empty(); }
     [[nodiscard]] const std::shared_ptr<ScanJob>& top() const { return jobs_.back(); }
     [[nodiscard]] bool contains(const orv_ScanInfo* object, std::string_view path) const;
-    /// The next folder that nobody reads and that is near enough to the top; null without one.
+    /// The next folder in order that nobody reads, among the subfolders of what was read ahead,
+    /// too; null when none of the next ones is left.
     [[nodiscard]] std::shared_ptr<ScanJob> nextToReadAhead() const;
 
     void pushOnTop(std::shared_ptr<ScanJob> job) { jobs_.push_back(std::move(job)); }
-    /// The first comes to the top.
-    void pushOnTop(const ScanJobs& jobs);
+    /// The last comes to the top.
+    void pushOnTop(ScanJobs jobs);
     void addToBottom(std::shared_ptr<ScanJob> job);
     void pop() { jobs_.pop_back(); }
     void remove(const ScanJob& job);
