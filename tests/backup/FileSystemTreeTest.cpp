@@ -237,8 +237,7 @@ TEST_F(TheFolderTree, BeginsAnewAfterItIsReleased) {
     at("/srv").changeStoreFlag(true);
     tree().releaseRootItems();
     EXPECT_EQ(selection(), Rows());
-    EXPECT_EQ(rootNames(),
-              (std::vector<std::string>{"Computer", "Desktop", "anna", "Documents"}));
+    EXPECT_EQ(rootNames(), (std::vector<std::string>{"Computer", "Desktop", "anna", "Documents"}));
 }
 
 }  // namespace

@@ -13,9 +13,9 @@ namespace orv {
 class FileSystemTree;
 struct ChildList;
 
-/// A folder in the tree of what can be backed up. The same folder can stand in the tree twice, under
-/// its volume and as a root of its own: such twins form a ring, share their state, and one of them
-/// holds the children. The tree owns it. Main thread only.
+/// A folder in the tree of what can be backed up. The same folder can stand in the tree twice,
+/// under its volume and as a root of its own: such twins form a ring, share their state, and one of
+/// them holds the children. The tree owns it. Main thread only.
 class orv_FileSystemItem {
  public:
     /// As a visual size: to be computed when it is asked for.

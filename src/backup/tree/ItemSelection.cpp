@@ -50,7 +50,7 @@ void orv_FileSystemItem::setPathMarked() {
 }
 
 void orv_FileSystemItem::setPathUnmarked() {
-    for (auto* item = this; item; ) {
+    for (auto* item = this; item;) {
         item->setShouldBeMarked(false);
         const orv_FileSystemItem* const cleared = item;
         item = item->findParent();
