@@ -1,10 +1,10 @@
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <sstream>
 
 #include "FakeCatalogue.h"
 #include "PlainFolderTree.h"
+#include "RandomComputer.h"
 #include "backup/tree/FileSystemTree.h"
 #include "config/TopLevelPaths.h"
 
@@ -13,58 +13,13 @@ namespace {
 using orv::orv_FileSystemItem;
 using test_support::PlainFolder;
 using test_support::PlainFolderTree;
-
-/// A random computer, of which all else follows.
-struct RandomComputer {
-    explicit RandomComputer(std::mt19937& random) {
-        const auto chance = [&](std::size_t oneOf) { return random() % oneOf == 0; };
-        for (const char* path : {"/home/u/desktop", "/home/u/documents", "/media/u/disk",
-                                 "/media/u/stick", "/media/u/away"}) {
-            if (!chance(4)) add(path);
-        }
-        for (auto i = random() % 20; i > 0; --i) {
-            auto above = folders.begin();
-            std::advance(above, random() % folders.size());
-            add((*above == "/" ? "" : *above) + "/" + std::string(1, "abcdefgh"[random() % 8]));
-        }
-        for (const std::string& path : folders) {
-            if (path != "/" && chance(15)) locked.insert(path);
-        }
-        for (const char* volume : {"/media/u/disk", "/media/u/stick"}) {
-            if (chance(2)) volumes.emplace_back(volume);
-        }
-        std::shuffle(volumes.begin(), volumes.end(), random);
-    }
-
-    void add(const std::string& path) {
-        for (std::size_t slash = 0; slash != path.npos; slash = path.find('/', slash + 1))
-            folders.insert(slash == 0 ? "/" : path.substr(0, slash));
-        folders.insert(path);
-    }
-    [[nodiscard]] orv::TreeRoots roots() const {
-        orv::TreeRoots roots;
-        for (const std::string& path : volumes)
-            roots.volumes.push_back({path, path == "/" ? "Computer" : nameOf(path)});
-        for (const std::string& path : shortcuts)
-            roots.shortcuts.push_back({path, nameOf(path)});
-        return roots;
-    }
-    static std::string nameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-
-    std::set<std::string> folders{"/"};
-    std::set<std::string> locked;
-    std::vector<std::string> volumes{"/"};
-    std::vector<std::string> shortcuts{"/home/u/desktop", "/home/u", "/home/u/documents"};
-};
+using test_support::RandomComputer;
 
 /// Does the same to the tree and to the plain one, at random, and compares them.
 class Session {
  public:
     explicit Session(unsigned seed) : random_(seed), computer_(random_) {
-        for (const std::string& path : computer_.folders)
-            if (path != "/") catalogue_.add(path);
-        for (const std::string& path : computer_.locked)
-            catalogue_.lock(path);
+        computer_.fill(catalogue_);
     }
 
     /// What differs first and what was done until then; empty when nothing does.
@@ -255,11 +210,8 @@ class Session {
     std::ostringstream steps_;
 };
 
-/// TIDEWELL_ROUNDS in the environment makes it as long as one likes.
 TEST(TheFolderTreeBesideAPlainOne, IsTheSameWhateverIsDone) {
-    const char* const given = std::getenv("TIDEWELL_ROUNDS");
-    const unsigned rounds = given ? static_cast<unsigned>(std::atoi(given)) : 1'000;
-    for (unsigned seed = 1; seed <= rounds; ++seed) {
+    for (unsigned seed = 1; seed <= test_support::Rounds(1'000); ++seed) {
         const std::string fault = Session(seed).run();
         ASSERT_EQ(fault, "") << "seed " << seed;
     }
