@@ -1,37 +1,16 @@
 #include <fmt/format.h>
 #include <fmt/ostream.h>
-#include <optional>
 #include <ostream>
 
 #include "cli/Commands.h"
-#include "cli/ReadableFile.h"
+#include "cli/StoredSelection.h"
 #include "cli/ValueText.h"
-#include "config/ConfigurationPath.h"
-#include "config/Locations.h"
-#include "config/StorageSettings.h"
 #include "config/TopLevelPaths.h"
-#include "foundation/system/LocalizedString.h"
 
 namespace orv::cli {
 
-namespace {
-
-/// None, after a message, when there is a selection that cannot be read.
-std::optional<orv_StorageSettings> loadSelection(Console& console) {
-    const std::string folder = GetConfigurationPath();
-    if (!IsAbsentOrReadable(folder + "/" + files::storageInfo, quelm::Value::Type::Array,
-                            console)) {
-        return std::nullopt;
-    }
-    std::optional<orv_StorageSettings> selection(folder);
-    selection->load();
-    return selection;
-}
-
-}  // namespace
-
 ExitCode ShowFolderRoots(const Arguments&, Console& console) {
-    const auto selection = loadSelection(console);
+    const auto selection = LoadSelection(console);
     if (!selection) return ExitCode::Failed;
     const auto roots = selection->topLevelPaths();
     if (console.json) {
@@ -44,7 +23,7 @@ ExitCode ShowFolderRoots(const Arguments&, Console& console) {
 }
 
 ExitCode ShowFolderRows(const Arguments&, Console& console) {
-    const auto selection = loadSelection(console);
+    const auto selection = LoadSelection(console);
     if (!selection) return ExitCode::Failed;
     quelm::Array rows;
     for (const quelm::Value& value : selection->pathsAndFlags()) {

@@ -1,16 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "agentlink/AgentEventQueue.h"
+#include "ChangingCommands.h"
 #include "agentlink/AgentVocabulary.h"
-#include "cli/Command.h"
-#include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
-#include "platform/Services.h"
-#include "support/FakeNotificationCenter.h"
-#include "support/TemporaryFolder.h"
 
 namespace {
 
@@ -20,40 +13,9 @@ using quelm::Dictionary;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class FilterCommands : public testing::Test {
+class FilterCommands : public test_support::ChangingCommands {
  protected:
-    FilterCommands() { orv::SetConfigBasePath(folder.path()); }
-    ~FilterCommands() override {
-        orv::ClearConfigBasePath();
-        platform::EndProcessServices();
-    }
-
-    /// On a bus of its own; `hints` is what it posted.
-    ExitCode run(const std::vector<std::string>& words) {
-        auto center = std::make_unique<test_support::FakeNotificationCenter>();
-        auto& bus = *center;
-        platform::ProcessServices().notifications = std::move(center);
-        orv::BeginAgentEvents();
-        out.str("");
-        err.str("");
-        const auto code = orv::cli::RunCommandLine(words, out, err);
-        orv::EndAgentEvents(std::chrono::seconds(10));
-        hints.clear();
-        for (const auto& posted : bus.posted())
-            hints.push_back(*posted.payload.find("hint")->asInteger());
-        platform::ProcessServices().notifications.reset();
-        return code;
-    }
-    json runForJson(std::vector<std::string> words) {
-        words.insert(words.begin(), "--json");
-        EXPECT_EQ(run(words), ExitCode::Done) << err.str();
-        return json::parse(out.str());
-    }
-
-    const test_support::TemporaryFolder folder;
     const std::string file = folder / "filter_info.plist";
-    std::ostringstream out, err;
-    std::vector<std::int64_t> hints;
 };
 
 TEST_F(FilterCommands, ChangesAreStoredAndAnnounced) {

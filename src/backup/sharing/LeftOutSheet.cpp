@@ -13,7 +13,7 @@ namespace {
 std::string titleFor(const std::string& folder, const LeftOutList& list) {
     if (!list.problem.empty()) return folder + "\n" + list.problem;
     if (list.entries.empty()) {
-        return FormatLocalizedString("LeftOut.Nothing", "Everything directly in %@ is counted.",
+        return FormatLocalizedString("LeftOut.AllCounted", "Everything directly in %@ is counted.",
                                      {folder});
     }
     if (list.isCut) {
@@ -42,7 +42,7 @@ void LeftOutSheet::open(const std::string& folder, const ScannerFilters& filters
     list_ = {};
     outlets_._leftOutTable.reloadData();
     outlets_._leftOutTitle.setStringValue(
-        FormatLocalizedString("LeftOut.Looking", "Looking into %@…", {folder}));
+        FormatLocalizedString("LeftOut.LookingInto", "Looking into %@…", {folder}));
     outlets_._indicator.startAnimation();
     outlets_._leftOutWindow.orderFront();
     const unsigned opening = ++opening_;

@@ -1,6 +1,7 @@
 #include "backup/tree/FileSystemTree.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "foundation/paths/PathPrefix.h"
 
@@ -76,6 +77,10 @@ void FileSystemTree::createVolumes() {
     }
     volumeCount_ = roots_.size();
     numberRoots(0);
+    if (!rootFileSystemItem_) return;
+    // reading the folders that they are mounted on makes them twins of these
+    for (const TreeRoot& volume : begin_.volumes)
+        static_cast<void>(rootFileSystemItem_->createSubpath(volume.path));
 }
 
 void FileSystemTree::createShortcuts() {
@@ -144,32 +149,36 @@ bool FileSystemTree::holdsVolume(std::string_view path) const {
     return false;
 }
 
-std::vector<orv_FileSystemItem*> FileSystemTree::volumes() {
+std::vector<orv_FileSystemItem*> FileSystemTree::outermostVolumes() {
     const auto& roots = getRootItems();
-    return {roots.begin(), roots.begin() + static_cast<std::ptrdiff_t>(volumeCount_)};
+    std::vector<orv_FileSystemItem*> volumes;
+    std::copy_if(roots.begin(), roots.begin() + static_cast<std::ptrdiff_t>(volumeCount_),
+                 std::back_inserter(volumes),
+                 [](const orv_FileSystemItem* volume) { return !volume->findParent(); });
+    return volumes;
 }
 
 std::vector<orv_FileSystemItem*> FileSystemTree::findTopLevelItems() {
     std::vector<orv_FileSystemItem*> items;
-    for (auto* volume : volumes())
+    for (auto* volume : outermostVolumes())
         volume->findTopLevelItems(items);
     return items;
 }
 
 void FileSystemTree::resetScanState(orv_FileSystemItem::ScanningState state) {
-    for (auto* volume : volumes())
+    for (auto* volume : outermostVolumes())
         volume->resetScanState(state);
 }
 
 std::uint64_t FileSystemTree::getSelectionSize() {
     std::uint64_t bytes = 0;
-    for (auto* volume : volumes())
+    for (auto* volume : outermostVolumes())
         bytes += volume->getSelectionSize();
     return bytes;
 }
 
 void FileSystemTree::markTopLevelItems() {
-    for (auto* volume : volumes())
+    for (auto* volume : outermostVolumes())
         volume->markTopLevelItems();
 }
 

@@ -71,7 +71,9 @@ class FileSystemTree {
     /// that is not absolute, longer than a path can be, hidden by an expression or on an excluded
     /// volume; `grandfathering` lets the last pass.
     orv_FileSystemItem* insertUserPath(std::string_view path, bool checked, bool grandfathering);
-    /// The root of a volume that is not mounted; null for a path outside the folders of volumes.
+    /// The root of a volume that is not mounted. Null for a path outside the folders of volumes,
+    /// and below a checked folder: there the path is a part of the tree as any other, or what is
+    /// left out of the folder would be forgotten.
     orv_FileSystemItem* insertRootItemForPath(std::string_view path);
 
     // Over all volumes.
@@ -102,7 +104,8 @@ class FileSystemTree {
     [[nodiscard]] orv_FileSystemItem* findDuplicateItem(const std::string& path);
     /// Whether a volume is mounted somewhere below the path.
     [[nodiscard]] bool holdsVolume(std::string_view path) const;
-    [[nodiscard]] std::vector<orv_FileSystemItem*> volumes();
+    /// Those that stand below no other volume, which together have every folder once.
+    [[nodiscard]] std::vector<orv_FileSystemItem*> outermostVolumes();
 
     FolderCatalogue& catalogue_;
     TreeRoots begin_;

@@ -4,6 +4,7 @@
 
 #include "backup/tree/FileSystemTree.h"
 #include "backup/tree/PathParts.h"
+#include "backup/tree/TreeRules.h"
 #include "config/VolumeFolders.h"
 #include "platform/Workspace.h"
 
@@ -66,8 +67,11 @@ std::string_view below(std::string_view path, std::string_view root) {
 
 quelm::Array FileSystemTree::getPathsAndFlags() {
     PathsAndFlags pairs;
-    for (const auto* root : getRootItems())
-        pairs.addSubtree(*root);
+    const auto& roots = getRootItems();
+    for (std::size_t i = 0; i < roots.size(); ++i) {
+        // a volume below another one is a part of that
+        if (i >= volumeCount_ || !roots[i]->findParent()) pairs.addSubtree(*roots[i]);
+    }
     return pairs.take();
 }
 
@@ -92,9 +96,15 @@ orv_FileSystemItem* FileSystemTree::insertRootItemForPath(std::string_view path)
     if (folder.empty() || folder.size() + 1 >= path.size()) return nullptr;
     const std::string_view name = firstPart(path.substr(folder.size() + 1));
     if (name.empty()) return nullptr;
-    getRootItems();
-    orv_FileSystemItem& item =
-        makeRoot({std::string(folder) + "/" + std::string(name), std::string(name)});
+    const std::string volume = PathInFolder(folder, name);
+    orv_FileSystemItem* twin = nullptr;
+    if (auto* const computer = rootFileSystemItem()) {
+        bool isWhole = false;
+        if (computer->findItemForSubpath(volume, isWhole).checkFlag()) return nullptr;
+        twin = computer->createSubpath(volume);
+    }
+    orv_FileSystemItem& item = makeRoot({volume, std::string(name)});
+    if (twin && twin->fullPath() == volume) item.joinRingOf(*twin);
     item.fsFlags_ = platform::ContainerItem;
     item.areFlagsLoaded_ = true;
     std::size_t place = 0;
