@@ -18,6 +18,7 @@ void ScanMailbox::send(ScanMessage message) {
 
 void ScanMailbox::close() {
     timer_.reset();
+    collected_.clear();
     const std::lock_guard lock(mutex_);
     isClosed_ = true;
     messages_.clear();
@@ -56,14 +57,18 @@ void ScanMailbox::tell(const ScanMessage& message) {
 }
 
 std::optional<ScanMessage> ScanMailbox::next() {
-    const std::lock_guard lock(mutex_);
-    if (messages_.empty()) {
-        isUnderWay_ = false;
-        return std::nullopt;
-    }
-    auto message = std::move(messages_.front());
-    messages_.pop_front();
+    if (collected_.empty() && !collect()) return std::nullopt;
+    auto message = std::move(collected_.front());
+    collected_.pop_front();
     return message;
+}
+
+/// Whether there is anything; otherwise the delivery ends.
+bool ScanMailbox::collect() {
+    const std::lock_guard lock(mutex_);
+    collected_.swap(messages_);
+    isUnderWay_ = !collected_.empty();
+    return isUnderWay_;
 }
 
 }  // namespace orv

@@ -46,10 +46,13 @@ class ScanMailbox : public std::enable_shared_from_this<ScanMailbox> {
     void deliver();
     void tell(const ScanMessage& message);
     [[nodiscard]] std::optional<ScanMessage> next();
+    [[nodiscard]] bool collect();
 
     platform::RunLoop& runLoop_;
     FolderScannerDelegate& delegate_;
     std::unique_ptr<platform::RunLoop::Timer> timer_;
+    /// What is handed over just now.
+    std::deque<ScanMessage> collected_;
     std::mutex mutex_;  // for what follows
     std::deque<ScanMessage> messages_;
     /// Whether a delivery is on its way, which will find what is sent meanwhile.
