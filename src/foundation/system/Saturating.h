@@ -15,6 +15,13 @@ namespace quelm {
     return right < 0 ? Limits::min() : Limits::max();
 }
 
+/// The same of sizes, which are never negative.
+[[nodiscard]] constexpr std::uint64_t SaturatingTotal(std::uint64_t left, std::uint64_t right) {
+    std::uint64_t total = 0;
+    if (!__builtin_add_overflow(left, right, &total)) return total;
+    return std::numeric_limits<std::uint64_t>::max();
+}
+
 [[nodiscard]] constexpr std::int64_t SaturatingDifference(std::int64_t left, std::int64_t right) {
     using Limits = std::numeric_limits<std::int64_t>;
     std::int64_t difference = 0;

@@ -1,0 +1,54 @@
+#include "backup/scanner/ScannedFiles.h"
+
+namespace orv {
+
+namespace {
+
+// A number is written in groups of seven bits, the lowest first; all but the last have the high
+// bit set.
+constexpr unsigned groupBits = 7;
+constexpr std::uint64_t more = 1U << groupBits;
+
+void packNumber(std::string& packed, std::uint64_t number) {
+    for (; number >= more; number >>= groupBits)
+        packed += static_cast<char>((number & (more - 1)) | more);
+    packed += static_cast<char>(number);
+}
+
+std::uint64_t unpackNumber(const char*& at) {
+    std::uint64_t number = 0;
+    for (unsigned shift = 0;; shift += groupBits) {
+        const auto byte = static_cast<unsigned char>(*at++);
+        number |= (byte & (more - 1)) << shift;
+        if ((byte & more) == 0) return number;
+    }
+}
+
+/// Moves behind the file.
+ScannedFiles::File unpack(const char*& at) {
+    const std::uint64_t size = unpackNumber(at);
+    const std::uint64_t length = unpackNumber(at);
+    const std::string_view name(at, length);
+    at += length;
+    return {name, size};
+}
+
+}  // namespace
+
+void ScannedFiles::pack(std::string& packed, std::string_view name, std::uint64_t size) {
+    packNumber(packed, size);
+    packNumber(packed, name.size());
+    packed += name;
+}
+
+ScannedFiles::File ScannedFiles::Iterator::operator*() const {
+    const char* at = at_;
+    return unpack(at);
+}
+
+ScannedFiles::Iterator& ScannedFiles::Iterator::operator++() {
+    unpack(at_);
+    return *this;
+}
+
+}  // namespace orv
