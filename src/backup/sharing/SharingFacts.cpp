@@ -5,6 +5,7 @@
 
 #include "accounts/filters/VolumeFilters.h"
 #include "backup/tree/DiskCatalogue.h"
+#include "backup/tree/MountPoints.h"
 #include "backup/tree/TreeRootsOfComputer.h"
 #include "config/Locations.h"
 #include "config/TopLevelPaths.h"
@@ -71,7 +72,7 @@ void SharingRecords::load() {
 PathSet UnscannedFolders(platform::Volumes& volumes,
                          const std::vector<std::string>& excludedVolumes) {
     PathSet folders(excludedVolumes.begin(), excludedVolumes.end());
-    for (const platform::Volume& volume : volumes.mounted()) {
+    for (const platform::Volume& volume : VolumesInSight(volumes)) {
         if (volume.pseudo) folders.insert(volume.mountPoint);
     }
     return folders;
