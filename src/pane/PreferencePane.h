@@ -54,6 +54,8 @@ class orvPreferencePane final : private SharingDelegate {
     [[nodiscard]] orvAgentSettings& agentSettings() const;
     [[nodiscard]] Account& activeAccount() const { return *_activeAccount; }
     [[nodiscard]] const StatusModel& status() const { return status_; }
+    /// Null while the folders are not being chosen.
+    [[nodiscard]] orv_SharingWindowController* sharing() { return sharing_.get(); }
 
     // What buttons do.
     void connect();

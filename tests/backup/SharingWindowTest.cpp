@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "backup/sharing/SharingWindowController.h"

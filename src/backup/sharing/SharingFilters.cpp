@@ -53,6 +53,7 @@ void orv_SharingWindowController::showExludeFiltersInfo() {
 /// What the server leaves out is read from its file.
 void orv_SharingWindowController::filtersChanged() {
     cancelAllrequests();
+    computationStarted();
     auto filters = std::make_shared<ScannerFilters>();
     environment_.background.perform(
         [filters, settings = filterSettings()] { *filters = ScannerFilters::of(settings); },

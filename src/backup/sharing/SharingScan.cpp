@@ -22,7 +22,10 @@ void orv_SharingWindowController::restartScanRequest(orv_FileSystemItem& item) {
 void orv_SharingWindowController::startScanTopLevelFolders() {
     tree_.tree->resetScanState(orv_FileSystemItem::Idle);
     const auto items = tree_.tree->findTopLevelItems();
-    if (items.empty()) return;
+    if (items.empty()) {
+        if (computationInProgress_) computationFinished();
+        return;
+    }
     computationStarted();
     for (orv_FileSystemItem* item : items)
         startScanRequest(*item);

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <exception>
@@ -156,6 +157,73 @@ void takePictures(PanelHost& host, const QString& folder, const QString& name) {
         std::cout << "picture     " << path.toStdString() << '\n';
 }
 
+QWidget& windowNamed(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QLatin1String(name) && window->isVisible()) return *window;
+    }
+    throw std::runtime_error(std::string("no window ") + name);
+}
+
+void takePicture(PanelHost& host, const char* window, const QString& folder, const QString& name) {
+    host.context().updates.flush();
+    QCoreApplication::processEvents();
+    host.context().updates.flush();
+    for (const QString& path : TakeScreenshots(windowNamed(window), folder, name))
+        std::cout << "picture     " << path.toStdString() << '\n';
+}
+
+/// The row of that name below the shortcut to the person's home.
+OutlineItem rowInHome(OutlineDataSource& rows, const std::string& home, const std::string& name) {
+    const std::string shortcut = home.substr(home.find_last_of('/') + 1);
+    OutlineItem at = nullptr;
+    for (const std::string& wanted : {shortcut, name}) {
+        OutlineItem found = nullptr;
+        for (std::size_t i = 0; i < rows.numberOfChildrenOfItem(at); ++i) {
+            const OutlineItem row = rows.childOfItem(i, at);
+            if (rows.cellOfItem(row).title.find(wanted) != std::string::npos) found = row;
+        }
+        if (!found) throw std::runtime_error("no row " + wanted);
+        at = found;
+    }
+    return at;
+}
+
+void chooseFolders(PanelHost& host, Viewer& viewer, const QString& folder, const QString& theme,
+                   const std::string& home) {
+    host.outlets()._manageBackupsButton.performClick();
+    orv_SharingWindowController& sharing = *host.pane().sharing();
+    const auto isComputed = [&sharing] {
+        return sharing.tree() && !sharing.computationInProgress();
+    };
+    viewer.wait("sizes of the selection", isComputed);
+    SharingOutlets& shown = sharing.outlets();
+    OutlineDataSource& rows = *shown._folderTree.dataSource();
+    const OutlineItem music = rowInHome(rows, home, "Music");
+    rows.toggleItem(music);
+    viewer.wait("sizes with the music", isComputed);
+    shown._folderTree.selectItem(rowInHome(rows, home, "Documents"));
+    viewer.waitFor(shown._leftOutInfo, "of the selection");
+    takePicture(host, "SharingWindow", folder, QStringLiteral("folders-") + theme);
+    shown._excludeButton.performClick();
+    shown.exclude._filterField.enterText("*.txt");
+    viewer.waitFor(shown.exclude._previewInfo, "would leave out 3");
+    takePicture(host, "ExcludeFilters", folder, QStringLiteral("excludes-") + theme);
+    shown.exclude._filterField.enterText("*.tmp");
+    shown.exclude._addFilterButton.performClick();
+    shown.exclude._okButton.performClick();
+    viewer.wait("sizes without temporary files", isComputed);
+    shown._leftOutButton.performClick();
+    viewer.waitFor(shown.leftOut._leftOutTitle, "not counted");
+    takePicture(host, "LeftOut", folder, QStringLiteral("not-counted-") + theme);
+    shown.leftOut._closeButton.performClick();
+    shown._okButton.performClick();
+    viewer.wait("a stored selection", [&host] { return host.pane().sharing() == nullptr; });
+    viewer.wait("the music in the table", [&] {
+        return host.outlets()._foldersList.textAt(FolderTable::path, 1).ends_with("Music");
+    });
+    std::cout << "folders     " << host.outlets()._foldersList.numberOfRows() << " are backed up\n";
+}
+
 void goThrough(PanelHost& host, const QString& folder, const QString& theme,
                const std::string& home) {
     PaneOutlets& shown = host.outlets();
@@ -170,6 +238,7 @@ void goThrough(PanelHost& host, const QString& folder, const QString& theme,
     complete(shown, viewer, home);
     changeSetting(shown, viewer);
     takePictures(host, folder, QStringLiteral("complete-") + theme);
+    chooseFolders(host, viewer, folder, theme, home);
     shown._connectButton.performClick();
     viewer.waitFor(shown._connectionStatus, "disconnected");
 }
