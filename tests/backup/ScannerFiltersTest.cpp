@@ -1,10 +1,9 @@
-#include "backup/scanner/ScannerFilters.h"
-
 #include <gtest/gtest.h>
 #include <limits>
 #include <utility>
 
 #include "accounts/filters/FilterSettings.h"
+#include "backup/scanner/ScannerFilters.h"
 
 namespace {
 
@@ -12,7 +11,7 @@ TEST(ScannerFilters, TakeTheLargestFileInMegabytesAndNoneAsNoLimit) {
     constexpr auto most = std::numeric_limits<std::int64_t>::max();
     constexpr auto unlimited = orv::ScannerFilters::unlimited;
     const std::pair<std::int64_t, std::uint64_t> cases[] = {
-        {0, unlimited},  {1, 1'048'576},      {5'000, 5'242'880'000},
+        {0, unlimited},  {1, 1'048'576},    {5'000, 5'242'880'000},
         {-3, unlimited}, {most, unlimited}, {most / 1'048'576, 9'223'372'036'853'727'232U}};
     for (const auto& [megabytes, bytes] : cases) {
         orv::orv_FilterSettings settings("");
