@@ -43,9 +43,9 @@ TEST_P(FolderScannerOrder, TellsOfAFolderBeforeItsSubfoldersAndOfItsSubtreeAfter
 void makeRandomTree(const TemporaryFolder& folder, unsigned seed) {
     std::mt19937 random(seed);
     std::vector<std::string> folders = {"top"};
-    for (int i = 0; i < 400; ++i) {
-        const auto& parent = folders[folders.size() - 1 -
-                                     random() % std::min<std::size_t>(folders.size(), 1 + i % 90)];
+    for (std::size_t i = 0; i < 400; ++i) {
+        const std::size_t recent = std::min(folders.size(), 1 + i % 90);
+        const std::string& parent = folders[folders.size() - 1 - random() % recent];
         const std::string path = parent + "/" + std::to_string(i);
         if (random() % 3 != 0) {
             folders.push_back(path);

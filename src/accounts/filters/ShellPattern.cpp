@@ -195,6 +195,17 @@ Step matchByte(std::string_view pattern, std::size_t at, char byte, LoneBrackets
     }
 }
 
+/// The first place from `from` on where the pattern's part at `at`, behind a star, can begin.
+std::size_t beginOfPart(std::string_view pattern, std::size_t at, std::string_view name,
+                        std::size_t from) {
+    constexpr std::string_view special = "*?[\\";
+    if (at == pattern.size() || special.find(pattern[at]) != special.npos) return from;
+    const Byte first = quelm::FoldCase(pattern[at]);
+    while (from < name.size() && quelm::FoldCase(name[from]) != first)
+        ++from;
+    return from;
+}
+
 }  // namespace
 
 bool MatchesShellPattern(std::string_view pattern, std::string_view name) {
@@ -207,7 +218,7 @@ bool MatchesShellPattern(std::string_view pattern, std::string_view name) {
     for (std::size_t i = 0; i < name.size();) {
         if (at < pattern.size() && pattern[at] == '*') {
             afterStar = ++at;
-            starEnd = i;
+            i = starEnd = beginOfPart(pattern, at, name, i);
             continue;
         }
         const Step step =
@@ -219,7 +230,7 @@ bool MatchesShellPattern(std::string_view pattern, std::string_view name) {
             return false;
         } else {
             at = afterStar;
-            i = ++starEnd;
+            i = starEnd = beginOfPart(pattern, at, name, starEnd + 1);
         }
     }
     return pattern.find_first_not_of('*', at) == none;

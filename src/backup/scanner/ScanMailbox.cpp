@@ -35,14 +35,16 @@ void ScanMailbox::deliverAfter(std::chrono::milliseconds delay) {
 }
 
 void ScanMailbox::deliver() {
+    if (collected_.empty() && !collect()) return;
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
-    while (const auto message = next()) {
-        tell(*message);
-        if (Clock::now() - start < handling) continue;
-        deliverAfter(pause);
-        return;
+    while (!collected_.empty() && Clock::now() - start < handling) {
+        const ScanMessage message = std::move(collected_.front());
+        collected_.pop_front();
+        tell(message);
     }
+    // while messages come, it is cheaper to look for more than to be called for each
+    deliverAfter(collected_.empty() ? gathering : pause);
 }
 
 void ScanMailbox::tell(const ScanMessage& message) {
@@ -56,14 +58,7 @@ void ScanMailbox::tell(const ScanMessage& message) {
     }
 }
 
-std::optional<ScanMessage> ScanMailbox::next() {
-    if (collected_.empty() && !collect()) return std::nullopt;
-    auto message = std::move(collected_.front());
-    collected_.pop_front();
-    return message;
-}
-
-/// Whether there is anything; otherwise the delivery ends.
+/// Whether there is anything; otherwise nothing is under way any more.
 bool ScanMailbox::collect() {
     const std::lock_guard lock(mutex_);
     collected_.swap(messages_);

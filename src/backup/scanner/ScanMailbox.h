@@ -4,7 +4,6 @@
 #include <deque>
 #include <memory>
 #include <mutex>
-#include <optional>
 
 #include "platform/RunLoop.h"
 
@@ -26,7 +25,7 @@ struct ScanMessage {
 /// with handing over; and few enough together that the interface never stands still.
 class ScanMailbox : public std::enable_shared_from_this<ScanMailbox> {
  public:
-    /// How long the first message waits for others.
+    /// How long a message waits for others at most.
     static constexpr std::chrono::milliseconds gathering{4};
     /// Messages go on after a pause once their handling took that long.
     static constexpr std::chrono::milliseconds handling{2};
@@ -45,7 +44,6 @@ class ScanMailbox : public std::enable_shared_from_this<ScanMailbox> {
     void deliverAfter(std::chrono::milliseconds delay);
     void deliver();
     void tell(const ScanMessage& message);
-    [[nodiscard]] std::optional<ScanMessage> next();
     [[nodiscard]] bool collect();
 
     platform::RunLoop& runLoop_;

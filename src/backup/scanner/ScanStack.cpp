@@ -27,10 +27,11 @@ std::shared_ptr<ScanJob> nextUnread(const ScanJobs& jobs, int& left) {
 using IsBelow = bool (*)(std::string_view path, std::string_view prefix);
 
 ScanJobs takeBelow(ScanJobs& jobs, std::string_view path, IsBelow isBelow) {
-    const auto kept = std::ranges::stable_partition(
-        jobs, [&](const auto& job) { return !isBelow(job->folder.path, path); });
-    ScanJobs taken(std::make_move_iterator(kept.begin()), std::make_move_iterator(kept.end()));
-    jobs.erase(kept.begin(), kept.end());
+    const auto first = std::stable_partition(jobs.begin(), jobs.end(), [&](const auto& job) {
+        return !isBelow(job->folder.path, path);
+    });
+    ScanJobs taken(std::make_move_iterator(first), std::make_move_iterator(jobs.end()));
+    jobs.erase(first, jobs.end());
     return taken;
 }
 

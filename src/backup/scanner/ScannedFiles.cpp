@@ -1,5 +1,7 @@
 #include "backup/scanner/ScannedFiles.h"
 
+#include <array>
+
 namespace orv {
 
 namespace {
@@ -9,10 +11,15 @@ namespace {
 constexpr unsigned groupBits = 7;
 constexpr std::uint64_t more = 1U << groupBits;
 
-void packNumber(std::string& packed, std::uint64_t number) {
+/// Bytes that a number takes at most.
+constexpr std::size_t longestNumber = 10;
+
+/// Answers what is behind it.
+char* packNumber(char* at, std::uint64_t number) {
     for (; number >= more; number >>= groupBits)
-        packed += static_cast<char>((number & (more - 1)) | more);
-    packed += static_cast<char>(number);
+        *at++ = static_cast<char>((number & (more - 1)) | more);
+    *at++ = static_cast<char>(number);
+    return at;
 }
 
 std::uint64_t unpackNumber(const char*& at) {
@@ -36,9 +43,9 @@ ScannedFiles::File unpack(const char*& at) {
 }  // namespace
 
 void ScannedFiles::pack(std::string& packed, std::string_view name, std::uint64_t size) {
-    packNumber(packed, size);
-    packNumber(packed, name.size());
-    packed += name;
+    std::array<char, 2 * longestNumber> numbers{};
+    char* const end = packNumber(packNumber(numbers.data(), size), name.size());
+    packed.append(numbers.data(), end).append(name);
 }
 
 ScannedFiles::File ScannedFiles::Iterator::operator*() const {

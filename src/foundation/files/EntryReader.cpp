@@ -74,7 +74,8 @@ std::optional<EntryReader::Entry> EntryReader::next() {
         at_ += entry->d_reclen;
         const std::string_view name = entry->d_name;
         if (isDots(name)) continue;
-        if (entry->d_type != DT_UNKNOWN) return Entry{name, kindOf(DTTOIF(entry->d_type))};
+        if (entry->d_type != DT_UNKNOWN)
+            return Entry{name, kindOf(static_cast<unsigned>(DTTOIF(entry->d_type)))};
         const auto known = status(entry->d_name);
         return Entry{name, known ? known->kind : EntryKind::Other};
     }
