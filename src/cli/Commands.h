@@ -19,6 +19,7 @@ ExitCode AddExcludedFile(const Arguments& arguments, Console& console);
 ExitCode RemoveExcludedFile(const Arguments& arguments, Console& console);
 ExitCode AddFolder(const Arguments& arguments, Console& console);
 ExitCode RemoveFolder(const Arguments& arguments, Console& console);
+ExitCode ScanFolders(const Arguments& arguments, Console& console);
 ExitCode ShowFolderTree(const Arguments& arguments, Console& console);
 ExitCode ShowFolderRoots(const Arguments& arguments, Console& console);
 ExitCode ShowFolderRows(const Arguments& arguments, Console& console);

@@ -26,7 +26,7 @@ namespace {
 using quelm::FormatLocalizedString;
 using quelm::GetLocalizedString;
 
-constexpr std::chrono::seconds patience(10);
+constexpr std::chrono::seconds patienceWithAgent(10);
 
 Projects together(ParsedProjects parsed) {
     Projects all = std::move(parsed.sync);
@@ -42,7 +42,7 @@ class ProjectsAnswer {
     [[nodiscard]] bool isAgentThere() const { return conversation_.isAgentThere(); }
     /// None when no answer comes, or one that cannot be read.
     std::optional<Projects> ask(Console& console) {
-        conversation_.ask([this] { request(); }, patience, console);
+        conversation_.ask([this] { request(); }, patienceWithAgent, console);
         return projects_;
     }
 

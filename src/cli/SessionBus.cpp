@@ -12,17 +12,17 @@ namespace orv::cli {
 
 namespace {
 
-constexpr std::chrono::seconds patience(2);
+constexpr std::chrono::seconds patienceWithBus(2);
 
 }  // namespace
 
 platform::DistributedNotificationCenter* ConnectedBus() {
     const auto& center = platform::ProcessServices().notifications;
-    return center && center->waitUntilListening(patience) ? center.get() : nullptr;
+    return center && center->waitUntilListening(patienceWithBus) ? center.get() : nullptr;
 }
 
 bool IsAgentThere(platform::DistributedNotificationCenter* bus, const std::string& agentId) {
-    return bus && bus->isAnnounced(AgentPresenceName(agentId), patience);
+    return bus && bus->isAnnounced(AgentPresenceName(agentId), patienceWithBus);
 }
 
 ExitCode FailWithoutBus(Console& console) {
@@ -33,7 +33,7 @@ ExitCode FailWithoutBus(Console& console) {
 }
 
 ExitCode SendPosted(Console& console) {
-    if (EndAgentEvents(patience)) return ExitCode::Done;
+    if (EndAgentEvents(patienceWithBus)) return ExitCode::Done;
     return Fail(console, ExitCode::Failed,
                 quelm::GetLocalizedString("Link.NotSent",
                                           "The session bus is too busy and did not take it. Try "

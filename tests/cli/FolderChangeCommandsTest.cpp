@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 
 #include "ChangingCommands.h"
 #include "agentlink/AgentVocabulary.h"
@@ -144,6 +145,38 @@ TEST_F(SelectionCommands, ShowTheTreeWithItsCheckBoxes) {
     for (const char* depth : {"-1", "x", "1x", "101", ""})
         EXPECT_EQ(run({"folders", "tree", "--depth", depth}), ExitCode::Usage) << depth;
     EXPECT_EQ(run({"folders", "tree", disk_ / "absent"}), ExitCode::Failed);
+}
+
+TEST_F(SelectionCommands, ScanCountsWhatIsSelectedAndNothingElse) {
+    const std::string documents = disk_ / "Documents";
+    for (const auto& [name, size] :
+         std::map<std::string, std::size_t>{{"Documents/a.pdf", 1},
+                                            {"Documents/b.tmp", 10},
+                                            {"Documents/letters/c", 100},
+                                            {"Documents/letters/2025/d", 1'000},
+                                            {"Documents/taxes/e", 10'000},
+                                            {"Pictures/f", 100'000}}) {
+        disk_.makeFile(name, std::string(size, 'x'));
+    }
+    orv::StorePropertiesToFile(folder / "filter_info.plist",
+                               quelm::Dictionary{{"exclude", Array{"*.tmp"}}});
+    orv::StoreArrayToFile(folder / "storage_info.plist",
+                          Array{row(documents, true), row(documents + "/letters", false),
+                                row(documents + "/letters/2025", true)});
+    const json scanned = runForJson({"scan"});
+    EXPECT_EQ(scanned["bytes"], 11'001);
+    EXPECT_EQ(scanned["files"], 3);
+    ASSERT_EQ(scanned["folders"].size(), 3U);
+    EXPECT_EQ(scanned["folders"][0], json({{"path", documents},
+                                           {"bytes", 1},
+                                           {"files", 1},
+                                           {"types", {1, 0, 0, 0, 0, 0, 0, 0, 0, 0}}}));
+    EXPECT_EQ(run({"scan", disk_ / "Pictures", documents + "/letters"}), ExitCode::Done);
+    EXPECT_EQ(out.str(), "   97.7 KB        1 " + disk_.path() + "/Pictures\n     100 B        1 " +
+                             documents + "/letters\n    1000 B        1 " + documents +
+                             "/letters/2025\n98.7 KB in 3 files and 3 folders\n");
+    EXPECT_EQ(run({"scan", disk_ / "absent", "--json"}), ExitCode::Failed);
+    EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(SelectionCommands, LeaveFilesOutOneByOne) {
