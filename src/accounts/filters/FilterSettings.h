@@ -58,11 +58,11 @@ class orv_FilterSettings {
 
     /// What is backed up; everything when nothing is chosen.
     [[nodiscard]] orv_FilterList includeFilterList() const;
-    /// What is left out: the user's patterns, then those of the server. Main thread.
+    /// What is left out: the user's patterns, then those of the server. Reads a file.
     [[nodiscard]] orv_FilterList excludeFilterList() const;
 
     // What the server leaves out, from "storage_exceptions.xml" of the active account, read anew
-    // each time. Main thread.
+    // each time. Any thread that may wait for a file.
     [[nodiscard]] static FolderPatterns excludedFolderPatterns();
     [[nodiscard]] static std::vector<std::string> excludeFileTypes();
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "accounts/filters/VolumeFilters.h"
+#include "backup/sharing/SharingRules.h"
 #include "backup/tree/DiskCatalogue.h"
 #include "backup/tree/MountPoints.h"
 #include "backup/tree/TreeRootsOfComputer.h"
@@ -44,13 +44,6 @@ bool isUnreadable(const std::string& path) {
     return size > 0 && !quelm::ReadPropertyListFile(path).value;
 }
 
-TreeRules rulesOf(const SharingRecords& account) {
-    const orvAgentSettings& settings = account.records.agentSettings;
-    return {GetExcludedVolumes(AllowedVolumes(settings)),
-            settings.syncEnabled() ? settings.masterProjectFolder() : std::string(),
-            account.filters.excludedFolders};
-}
-
 }  // namespace
 
 void SharingRecords::load() {
@@ -80,7 +73,7 @@ PathSet UnscannedFolders(platform::Volumes& volumes,
 
 SharingTree BuildSharingTree(const SharingRecords& account, platform::Services& services) {
     DiskCatalogue disk(*services.workspace, *services.volumes);
-    TreeRules rules = rulesOf(account);
+    TreeRules rules = RulesOfAccount(account.records.agentSettings);
     SharingTree made;
     made.unscannedFolders = UnscannedFolders(*services.volumes, rules.excludedVolumes);
     made.catalogue = std::make_unique<PreparedCatalogue>(disk);

@@ -45,7 +45,9 @@ QSize SummaryPanelWidget::sizeHint() const {
             fontMetrics().horizontalAdvance(row.label) + fontMetrics().horizontalAdvance(row.size);
         widest = std::max(widest, textStart + texts + spacing::wide);
     }
-    return {widest, rowHeight() * static_cast<int>(rows_.size()) + spacing::tight};
+    const auto separated = std::ranges::count(rows_, StorageRole::Quota, &Row::role);
+    return {widest, rowHeight() * static_cast<int>(rows_.size()) +
+                        spacing::tight * static_cast<int>(std::max<std::ptrdiff_t>(separated, 1))};
 }
 
 void SummaryPanelWidget::paintEvent(QPaintEvent* /*event*/) {
