@@ -20,6 +20,7 @@ void orvPreferencePane::openSharingWindow() {
     environment_.windows.activate();
     if (!outlets_._manageBackupsButton.isEnabled()) return;
     if (!sharing_) {
+        endedSharing_.reset();
         sharing_ = std::make_unique<orv_SharingWindowController>(
             SharingEnvironment{environment_.services, environment_.background,
                                environment_.folderBackground, environment_.scanBackground,

@@ -8,7 +8,6 @@ namespace {
 
 using orv::FileSystemTree;
 using orv::orv_FileSystemItem;
-using quelm::Array;
 using Rows = std::vector<std::pair<std::string, bool>>;
 
 /// A computer with one disk and the folders of Anna.

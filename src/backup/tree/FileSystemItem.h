@@ -21,7 +21,7 @@ class orv_FileSystemItem {
     /// As a visual size: to be computed when it is asked for.
     static constexpr std::uint64_t unknownSize = std::numeric_limits<std::uint64_t>::max();
 
-    enum ScanningState : std::uint32_t {
+    enum ScanningState : std::uint8_t {
         Idle = 0,
         ScanRequested = 1,
         /// The subtree is still being summed.
@@ -128,9 +128,7 @@ class orv_FileSystemItem {
     [[nodiscard]] std::uint64_t getSelectionSize();
 
     // The scan.
-    [[nodiscard]] ScanningState getScanningState() const {
-        return static_cast<ScanningState>(scanningState_);
-    }
+    [[nodiscard]] ScanningState getScanningState() const { return scanningState_; }
     void setScanningState(ScanningState state);
     /// Forgets the sizes of the loaded subtree.
     void resetScanState(ScanningState state);
@@ -182,7 +180,7 @@ class orv_FileSystemItem {
     std::uint32_t number_;
     std::uint16_t nameLength_ = 0;
     mutable std::uint8_t fsFlags_ = 0;
-    std::uint8_t scanningState_ = Idle;
+    ScanningState scanningState_ = Idle;
     bool checkFlag_ : 1 = false;
     bool missing_ : 1 = false;
     bool shouldBeMarked_ : 1 = false;
