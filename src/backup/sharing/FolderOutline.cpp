@@ -56,7 +56,7 @@ std::string imageOfShortcut(std::string_view name) {
 }
 
 std::string toolTipOf(const orv_FileSystemItem& item) {
-    const std::string path = item.fullPath();
+    std::string path = item.fullPath();
     if (item.isMissing()) {
         return FormatLocalizedString("Sharing.MissingHint",
                                      "%@ is not on the disk. It stays selected and is backed up "
