@@ -47,7 +47,7 @@ constexpr auto checkTexts = std::to_array<quelm::LocalizedText>({
 
 /// Name and state, for those who do not see the check box.
 QString spokenText(const OutlineCell& cell) {
-    const QString title = rowTitle(cell);
+    QString title = rowTitle(cell);
     if (cell.check == OutlineCheck::None) return title;
     const quelm::LocalizedText& state = checkTexts[static_cast<std::size_t>(cell.check)];
     return ToQt(quelm::FormatLocalizedString(
