@@ -40,7 +40,9 @@ class SelectionCommands : public test_support::ChangingCommands {
         const auto stored = orv::LoadArrayFromFile(folder / "storage_info.plist");
         return stored ? *stored->asArray() : Array();
     }
-    static Array row(const std::string& path, bool isSelected) { return {path, isSelected}; }
+    static quelm::Value row(const std::string& path, bool isSelected) {
+        return Array{path, isSelected};  // as an array, a list of one row would be a copy for Clang
+    }
 
     const test_support::TemporaryFolder disk_;
     test_support::ScopedEnvironment home_{"HOME", disk_.path()};
