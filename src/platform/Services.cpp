@@ -8,6 +8,7 @@ Services& ProcessServices() {
 }
 
 void EndProcessServices() {
+    ProcessServices().processLauncher.reset();
     ProcessServices().notifications.reset();
     ProcessServices() = {};
 }

@@ -11,6 +11,8 @@
 #include "platform/Keychain.h"
 #include "platform/LocalNotifications.h"
 #include "platform/Printers.h"
+#include "platform/ProcessLauncher.h"
+#include "platform/ProcessTable.h"
 #include "platform/RunLoop.h"
 #include "platform/Volumes.h"
 #include "platform/Workspace.h"
@@ -30,6 +32,8 @@ struct Services {
     std::unique_ptr<Keychain> keychain;
     std::unique_ptr<Authorization> authorization;
     std::unique_ptr<Printers> printers;
+    std::unique_ptr<ProcessLauncher> processLauncher;
+    std::unique_ptr<ProcessTable> processTable;
 };
 
 /// The process's services, for plain functions that have no place for a port; classes take the
