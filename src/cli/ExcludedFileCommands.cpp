@@ -31,7 +31,7 @@ std::optional<ExcludedFiles> loadList(Console& console) {
         return std::nullopt;
     }
     std::optional<ExcludedFiles> list(GetConfigurationPath());
-    return list->load() ? list : std::nullopt;
+    return list->loadExcludedFiles() ? list : std::nullopt;
 }
 
 /// Links are none: they are never backed up.
@@ -47,7 +47,7 @@ void printAsJson(const ExcludedFiles& list, Console& console) {
 
 /// Stores the changed list, shows it with --json, and tells the agent.
 ExitCode storeList(ExcludedFiles& list, Console& console) {
-    if (!list.store()) {
+    if (!list.saveExcludedFiles()) {
         return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Excluded.NotStored",
                                           "The excluded files could not be stored in %@. See "

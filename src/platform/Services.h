@@ -32,8 +32,8 @@ struct Services {
     std::unique_ptr<Keychain> keychain;
     std::unique_ptr<Authorization> authorization;
     std::unique_ptr<Printers> printers;
-    std::unique_ptr<ProcessLauncher> processLauncher;
-    std::unique_ptr<ProcessTable> processTable;
+    std::unique_ptr<ProcessLauncher> processLauncher = {};
+    std::unique_ptr<ProcessTable> processTable = {};
 };
 
 /// The process's services, for plain functions that have no place for a port; classes take the

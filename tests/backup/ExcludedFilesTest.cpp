@@ -17,7 +17,7 @@ class TheExcludedFiles : public testing::Test {
 };
 
 TEST_F(TheExcludedFiles, StandInOrderEachOnceWithoutRegardToCase) {
-    EXPECT_TRUE(files_.load()) << "a missing file";
+    EXPECT_TRUE(files_.loadExcludedFiles()) << "a missing file";
     for (const char* path :
          {"/home/a/Beta", "/home/a/alpha", "/home/a/\u00c4rger", "/home/a/Gamma"})
         EXPECT_TRUE(files_.add(path)) << path;
@@ -27,7 +27,7 @@ TEST_F(TheExcludedFiles, StandInOrderEachOnceWithoutRegardToCase) {
     EXPECT_FALSE(files_.add("/" + std::string(5'000, 'x')));
     const Paths sorted{"/home/a/alpha", "/home/a/Beta", "/home/a/Gamma", "/home/a/\u00c4rger"};
     EXPECT_EQ(files_.paths(), sorted);
-    EXPECT_TRUE(files_.store());
+    EXPECT_TRUE(files_.saveExcludedFiles());
     EXPECT_EQ(orv::LoadArrayFromFile(file_), quelm::Value(Array(sorted.begin(), sorted.end())));
     EXPECT_FALSE(files_.remove("/home/a/beta")) << "only what is equal";
     EXPECT_FALSE(files_.isModified());
@@ -36,11 +36,11 @@ TEST_F(TheExcludedFiles, StandInOrderEachOnceWithoutRegardToCase) {
 }
 
 TEST_F(TheExcludedFiles, AreWrittenOnlyWhenTheyChanged) {
-    EXPECT_TRUE(files_.load());
-    EXPECT_TRUE(files_.store());
+    EXPECT_TRUE(files_.loadExcludedFiles());
+    EXPECT_TRUE(files_.saveExcludedFiles());
     EXPECT_FALSE(std::filesystem::exists(file_));
     orv::StoreArrayToFile(file_, Array{"/b", 7, Array{"/x"}, "/B", "/a"});
-    EXPECT_TRUE(files_.load());
+    EXPECT_TRUE(files_.loadExcludedFiles());
     EXPECT_EQ(files_.paths(), (Paths{"/b", "/B", "/a"})) << "in the order of the file";
     EXPECT_TRUE(files_.add("/aa"));
     EXPECT_EQ(files_.paths(), (Paths{"/aa", "/b", "/B", "/a"}));
@@ -50,19 +50,19 @@ TEST_F(TheExcludedFiles, NeverReplaceAFileThatCannotBeRead) {
     for (const std::string content : {"<plist><array>", "<plist><dict/></plist>"}) {
         folder_.makeFile("excluded_files.plist", content);
         orv::ExcludedFiles files(folder_.path());
-        EXPECT_FALSE(files.load());
+        EXPECT_FALSE(files.loadExcludedFiles());
         EXPECT_TRUE(files.add("/a"));
-        EXPECT_FALSE(files.store());
+        EXPECT_FALSE(files.saveExcludedFiles());
         EXPECT_TRUE(files.isModified());
         EXPECT_EQ(test_support::ContentOf(file_), content);
     }
     std::filesystem::remove(file_);
     std::filesystem::create_directory(file_);
-    EXPECT_FALSE(files_.load());
+    EXPECT_FALSE(files_.loadExcludedFiles());
     orv::ExcludedFiles nowhere(folder_ / "absent");
-    EXPECT_TRUE(nowhere.load());
+    EXPECT_TRUE(nowhere.loadExcludedFiles());
     EXPECT_TRUE(nowhere.add("/a"));
-    EXPECT_FALSE(nowhere.store()) << "there is no such folder";
+    EXPECT_FALSE(nowhere.saveExcludedFiles()) << "there is no such folder";
 }
 
 }  // namespace

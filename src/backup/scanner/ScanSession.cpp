@@ -50,7 +50,7 @@ ScanSession::ScanSession(std::shared_ptr<ScanMailbox> mailbox, FolderReaderFacto
 
 void ScanSession::start(bool readAhead) {
     if (readAhead) helper_ = Helper::Wanted;
-    std::thread([self = shared_from_this()] { self->work(); }).detach();
+    std::thread([self = shared_from_this()] { self->workerLoop(); }).detach();
 }
 
 void ScanSession::stop() {
@@ -62,20 +62,20 @@ void ScanSession::stop() {
 
 void ScanSession::addToBottom(std::string path, std::shared_ptr<const orv_ScanInfo> object) {
     const Lock lock(mutex_);
-    if (stack_.contains(object.get(), path)) return;
-    stack_.addToBottom(jobOf({std::move(path), false, nullptr}, std::move(object)));
+    if (requests.contains(object.get(), path)) return;
+    requests.addToBottom(jobOf({std::move(path), false, nullptr}, std::move(object)));
     workerWakes_.notify_one();
 }
 
 void ScanSession::pushOnTop(std::string path, std::shared_ptr<const orv_ScanInfo> object) {
     const Lock lock(mutex_);
-    stack_.pushOnTop(jobOf({std::move(path), false, nullptr}, std::move(object)));
+    requests.pushOnTop(jobOf({std::move(path), false, nullptr}, std::move(object)));
     workerWakes_.notify_one();
 }
 
 bool ScanSession::cancel(const std::string& path) {
     const Lock lock(mutex_);
-    ScanJobs cancelled = stack_.cancel(path);
+    ScanJobs cancelled = requests.cancel(path);
     const bool isAny = !cancelled.empty();
     retired_.insert(retired_.end(), std::make_move_iterator(cancelled.begin()),
                     std::make_move_iterator(cancelled.end()));
@@ -85,7 +85,7 @@ bool ScanSession::cancel(const std::string& path) {
 
 void ScanSession::cancelAll() {
     const Lock lock(mutex_);
-    ScanJobs cancelled = stack_.cancelAll();
+    ScanJobs cancelled = requests.cancelAll();
     retired_.insert(retired_.end(), std::make_move_iterator(cancelled.begin()),
                     std::make_move_iterator(cancelled.end()));
     workerWakes_.notify_one();
@@ -96,19 +96,19 @@ void ScanSession::setFilters(std::shared_ptr<const ScannerFilters> filters) {
     filters_ = std::move(filters);
 }
 
-void ScanSession::work() {
+void ScanSession::workerLoop() {
     const auto reader = makeReader_();
     Lock lock(mutex_);
     while (!isStopped_) {
         freeRetired(lock);
-        if (stack_.empty()) {
-            waitForWork(lock);
+        if (requests.empty()) {
+            waitNextRequest(lock);
         } else {
-            workOn(std::shared_ptr(stack_.top()), *reader, lock);
+            workOn(std::shared_ptr(requests.top()), *reader, lock);
         }
     }
     // freed here, not on the main thread
-    const ScanJobs rest = stack_.cancelAll();
+    const ScanJobs rest = requests.cancelAll();
     const ScanJobs retired = std::exchange(retired_, {});
     lock.unlock();
 }
@@ -120,12 +120,12 @@ void ScanSession::freeRetired(Lock& lock) {
     retired.clear();
 }
 
-void ScanSession::waitForWork(Lock& lock) {
+void ScanSession::waitNextRequest(Lock& lock) {
     if (std::exchange(isScanning_, false)) {
         const Unlocked unlocked(lock);
         mailbox_->send({ScanMessage::Kind::ScanningFinished, nullptr});
     }
-    workerWakes_.wait(lock, [&] { return !stack_.empty() || !retired_.empty() || isStopped_; });
+    workerWakes_.wait(lock, [&] { return !requests.empty() || !retired_.empty() || isStopped_; });
 }
 
 void ScanSession::workOn(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
@@ -135,18 +135,18 @@ void ScanSession::workOn(const std::shared_ptr<ScanJob>& job, FolderReader& read
     } else if (job->ahead == ScanJob::Reading::UnderWay) {
         waitForHelper(reader, lock);
     } else {
-        scan(job, reader, lock);
+        performFolderScan(job, reader, lock);
     }
 }
 
 void ScanSession::tellSubtreeFinished(const std::shared_ptr<ScanJob>& job, Lock& lock) {
-    stack_.pop();
+    requests.pop();
     const Unlocked unlocked(lock);
     mailbox_->send({ScanMessage::Kind::SubtreeFinished, job->result});
 }
 
 void ScanSession::waitForHelper(FolderReader& reader, Lock& lock) {
-    if (const auto other = stack_.nextToReadAhead()) {
+    if (const auto other = requests.nextToReadAhead()) {
         readAhead(other, reader, lock);
     } else {
         workerWaits_ = true;
@@ -155,20 +155,21 @@ void ScanSession::waitForHelper(FolderReader& reader, Lock& lock) {
     }
 }
 
-void ScanSession::scan(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock) {
+void ScanSession::performFolderScan(const std::shared_ptr<ScanJob>& job, FolderReader& reader,
+                                    Lock& lock) {
     // it stays where it is, below its subfolders
     job->isBegun = true;
     const bool isRead = job->ahead == ScanJob::Reading::Ready && job->filters == filters_;
     if (!isRead || ++scannedMeanwhile_ == patienceOfHelper) callHelper();
     if (!isRead) read(*job, reader, lock);
     if (isStopped_) return;
-    if (!job->result) return stack_.remove(*job);
+    if (!job->result) return requests.remove(*job);
     {
         const Unlocked unlocked(lock);
         job->folder.parent.reset();
         mailbox_->send({ScanMessage::Kind::Result, job->result});
     }
-    if (!job->isCancelled) stack_.pushOnTop(std::exchange(job->subfolders, {}));
+    if (!job->isCancelled) requests.insertRequests(std::exchange(job->subfolders, {}));
 }
 
 void ScanSession::read(ScanJob& job, FolderReader& reader, Lock& lock) {
@@ -191,7 +192,7 @@ void ScanSession::readAhead(const std::shared_ptr<ScanJob>& job, FolderReader& r
 
 void ScanSession::callHelper() {
     const bool isIdle = helper_ == Helper::Wanted || helper_ == Helper::Asleep;
-    if (!isIdle || !stack_.nextToReadAhead()) return;
+    if (!isIdle || !requests.nextToReadAhead()) return;
     if (helper_ == Helper::Asleep) return helperWakes_.notify_one();
     helper_ = Helper::Awake;
     std::thread([self = shared_from_this()] { self->help(); }).detach();
@@ -208,7 +209,7 @@ void ScanSession::help() {
     const auto reader = makeReader_();
     Lock lock(mutex_);
     while (!isStopped_) {
-        if (const auto job = stack_.nextToReadAhead()) {
+        if (const auto job = requests.nextToReadAhead()) {
             readAhead(job, *reader, lock);
             if (workerWaits_) workerWakes_.notify_one();
         } else {

@@ -37,12 +37,12 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
     using Filters = std::shared_ptr<const ScannerFilters>;
 
     // the worker, which tells what is found; all under the lock
-    void work();
+    void workerLoop();
     void workOn(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);
-    void waitForWork(Lock& lock);
+    void waitNextRequest(Lock& lock);
     void waitForHelper(FolderReader& reader, Lock& lock);
     void tellSubtreeFinished(const std::shared_ptr<ScanJob>& job, Lock& lock);
-    void scan(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);
+    void performFolderScan(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);
     void freeRetired(Lock& lock);
 
     // the helper, which reads ahead; likewise
@@ -66,7 +66,7 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
     /// How many folders were scanned since the helper fell asleep.
     int scannedMeanwhile_ = 0;
     bool isScanning_ = false;
-    ScanStack stack_;
+    ScanStack requests;
     /// Cancelled, to be freed where that may take its time.
     ScanJobs retired_;
     Filters filters_;

@@ -53,7 +53,7 @@ std::shared_ptr<ScanJob> ScanStack::nextToReadAhead() const {
     return nextUnread(jobs_, left);
 }
 
-void ScanStack::pushOnTop(ScanJobs jobs) {
+void ScanStack::insertRequests(ScanJobs jobs) {
     jobs_.insert(jobs_.end(), std::make_move_iterator(jobs.begin()),
                  std::make_move_iterator(jobs.end()));
 }

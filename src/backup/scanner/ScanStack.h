@@ -47,7 +47,7 @@ class ScanStack {
 
     void pushOnTop(std::shared_ptr<ScanJob> job) { jobs_.push_back(std::move(job)); }
     /// The last comes to the top.
-    void pushOnTop(ScanJobs jobs);
+    void insertRequests(ScanJobs jobs);
     void addToBottom(std::shared_ptr<ScanJob> job);
     void pop() { jobs_.pop_back(); }
     void remove(const ScanJob& job);

@@ -78,7 +78,7 @@ ExcludeSheet::ExcludeSheet(ExcludeOutlets& outlets, Environment environment)
     outlets_._filterField.setTextDidChange([this] { patternTyped(); });
     outlets_._excludeFiltersTable.setSelectionDidChange([this] { updateButtons(); });
     outlets_._excludedFilesTable.setSelectionDidChange([this] { updateButtons(); });
-    excludeFiltersArray_ = environment_.filterSettings.excludeFilters();
+    excludeFiltersArray = environment_.filterSettings.excludeFilters();
     for (TableView* table :
          {&outlets_._excludeFiltersTable, &outlets_._excludedFilesTable, &outlets_._previewTable}) {
         table->setDataSource(this);
@@ -116,7 +116,7 @@ void ExcludeSheet::close() {
 }
 
 std::size_t ExcludeSheet::count() const {
-    return excludeFiltersArray_.size() + environment_.excludedFiles.paths().size();
+    return excludeFiltersArray.size() + environment_.excludedFiles.paths().size();
 }
 
 std::string ExcludeSheet::typedPattern() const {
@@ -152,10 +152,10 @@ void ExcludeSheet::hidePreview() {
 void ExcludeSheet::addExcludeFilterWindow() {
     const std::string pattern = typedPattern();
     if (pattern.empty()) return;
-    if (std::ranges::find(excludeFiltersArray_, pattern) == excludeFiltersArray_.end()) {
+    if (std::ranges::find(excludeFiltersArray, pattern) == excludeFiltersArray.end()) {
         if (!environment_.filterSettings.addExcludeFilter(pattern))
             return environment_.alerts.show(refusedPattern(), {});
-        excludeFiltersArray_.push_back(pattern);
+        excludeFiltersArray.push_back(pattern);
         patternsChanged_ = true;
     }
     outlets_._filterField.enterText("");
@@ -165,10 +165,10 @@ void ExcludeSheet::addExcludeFilterWindow() {
 void ExcludeSheet::removeExcludeFilterWindow() {
     std::vector<std::string> chosen;
     for (const std::size_t row : outlets_._excludeFiltersTable.selectedRows())
-        chosen.push_back(excludeFiltersArray_[row]);
+        chosen.push_back(excludeFiltersArray[row]);
     for (const std::string& pattern : chosen) {
         environment_.filterSettings.removeExcludeFilter(pattern);
-        std::erase(excludeFiltersArray_, pattern);
+        std::erase(excludeFiltersArray, pattern);
         patternsChanged_ = true;
     }
     outlets_._excludeFiltersTable.selectRows({});
@@ -226,7 +226,7 @@ void ExcludeSheet::updateButtons() {
 }
 
 std::size_t ExcludeSheet::numberOfRowsInTableView(const TableView& table) const {
-    if (&table == &outlets_._excludeFiltersTable) return excludeFiltersArray_.size();
+    if (&table == &outlets_._excludeFiltersTable) return excludeFiltersArray.size();
     if (&table == &outlets_._previewTable) return matches_.size();
     return environment_.excludedFiles.paths().size();
 }
@@ -235,7 +235,7 @@ std::optional<std::string> ExcludeSheet::objectValue(const TableView& table,
                                                      std::string_view column,
                                                      std::size_t row) const {
     if (row >= numberOfRowsInTableView(table)) return std::nullopt;
-    if (&table == &outlets_._excludeFiltersTable) return excludeFiltersArray_[row];
+    if (&table == &outlets_._excludeFiltersTable) return excludeFiltersArray[row];
     if (&table == &outlets_._excludedFilesTable) return environment_.excludedFiles.paths()[row];
     const ExcludePreview::Match& match = matches_[row];
     if (column == "name") return match.name;

@@ -67,7 +67,7 @@ class ExcludeSheet final : public TableDataSource {
 
     ExcludeOutlets& outlets_;
     Environment environment_;
-    std::vector<std::string> excludeFiltersArray_;
+    std::vector<std::string> excludeFiltersArray;
     std::vector<ExcludePreview::Match> matches_;
     bool patternsChanged_ = false;
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);

@@ -38,7 +38,7 @@ std::vector<std::string> textsOf(const quelm::Array& list) {
 ExcludedFiles::ExcludedFiles(const std::string& folder)
     : file_(folder + "/" + files::excludedFiles) {}
 
-bool ExcludedFiles::load() {
+bool ExcludedFiles::loadExcludedFiles() {
     std::vector<std::string> paths;
     if (!isAbsentOrEmpty(file_)) {
         const auto [value, error] = quelm::ReadPropertyListFile(file_);
@@ -50,19 +50,19 @@ bool ExcludedFiles::load() {
         }
         paths = textsOf(*list);
     }
-    paths_ = std::move(paths);
+    excludedFilesArray = std::move(paths);
     isLoaded_ = true;
-    isModified_ = false;
+    excludedFilesModified = false;
     return true;
 }
 
-bool ExcludedFiles::store() {
-    if (!isModified_) return true;
+bool ExcludedFiles::saveExcludedFiles() {
+    if (!excludedFilesModified) return true;
     if (!isLoaded_ && !isAbsentOrEmpty(file_)) {
         quelm::LogError(file_ + " was not read, so the list in it stays as it is.");
         return false;
     }
-    const quelm::Array list(paths_.begin(), paths_.end());
+    const quelm::Array list(excludedFilesArray.begin(), excludedFilesArray.end());
     // storing tells a full disk only in the log
     const bool isStored =
         StoreArrayToFile(file_, list) && quelm::ReadPropertyListFile(file_).value == list;
@@ -71,31 +71,31 @@ bool ExcludedFiles::store() {
         return false;
     }
     isLoaded_ = true;
-    isModified_ = false;
+    excludedFilesModified = false;
     return true;
 }
 
 bool ExcludedFiles::contains(std::string_view path) const {
-    return std::ranges::any_of(paths_, [path](const std::string& present) {
+    return std::ranges::any_of(excludedFilesArray, [path](const std::string& present) {
         return CompareWithoutCase(present, path) == 0;
     });
 }
 
 bool ExcludedFiles::add(std::string_view path) {
     if (!isStorableFile(path) || contains(path)) return false;
-    const auto place = std::ranges::find_if(paths_, [path](const std::string& present) {
+    const auto place = std::ranges::find_if(excludedFilesArray, [path](const std::string& present) {
         return CompareWithoutCase(present, path) > 0;
     });
-    paths_.insert(place, std::string(path));
-    isModified_ = true;
+    excludedFilesArray.insert(place, std::string(path));
+    excludedFilesModified = true;
     return true;
 }
 
 bool ExcludedFiles::remove(std::string_view path) {
-    const auto found = std::ranges::find(paths_, path);
-    if (found == paths_.end()) return false;
-    paths_.erase(found);
-    isModified_ = true;
+    const auto found = std::ranges::find(excludedFilesArray, path);
+    if (found == excludedFilesArray.end()) return false;
+    excludedFilesArray.erase(found);
+    excludedFilesModified = true;
     return true;
 }
 

@@ -16,12 +16,12 @@ class ExcludedFiles {
     /// A missing or empty file is an empty list, and what is no text in it is left out. False, with
     /// a line in the log and the list as it was, for a file that cannot be read. Waits for its
     /// lock.
-    bool load();
+    bool loadExcludedFiles();
     /// Replaces the file if the list was changed. False, with a line in the log, when that fails,
     /// and for a file that could not be read: it stays as it is. Waits for its lock.
-    bool store();
+    bool saveExcludedFiles();
 
-    [[nodiscard]] const std::vector<std::string>& paths() const { return paths_; }
+    [[nodiscard]] const std::vector<std::string>& paths() const { return excludedFilesArray; }
     /// Without regard to case.
     [[nodiscard]] bool contains(std::string_view path) const;
     /// Puts an absolute path before the first that compares greater without regard to case. False
@@ -30,13 +30,13 @@ class ExcludedFiles {
     /// Takes out the first that is exactly the path; false when none is.
     bool remove(std::string_view path);
     /// Whether the list was changed since it was loaded or stored.
-    [[nodiscard]] bool isModified() const { return isModified_; }
+    [[nodiscard]] bool isModified() const { return excludedFilesModified; }
 
  private:
     std::string file_;
-    std::vector<std::string> paths_;
+    std::vector<std::string> excludedFilesArray;
     bool isLoaded_ = false;
-    bool isModified_ = false;
+    bool excludedFilesModified = false;
 };
 
 }  // namespace orv

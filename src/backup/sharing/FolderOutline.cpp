@@ -143,7 +143,9 @@ std::string FolderOutline::titleOf(orv_FileSystemItem& item) const {
     if (item.isMissing())
         return title + GetLocalizedString("Sharing.FolderMissing", " (Folder is missing)");
     if (!item.checkFlag()) return title;
-    if (isSizeKnown(item)) return title + "  (" + sizeText(item.getVisualSize()) + ")";
+    if (isSizeKnown(item))
+        return title + FormatLocalizedString("Sharing.FolderSize", "  (%@)",
+                                             {sizeText(item.getVisualSize())});
     if (item.getScanningState() == orv_FileSystemItem::Idle && actions_.wantsScan)
         actions_.wantsScan(item);
     return title + " (--- KB)";

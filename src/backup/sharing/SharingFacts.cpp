@@ -48,7 +48,7 @@ bool isUnreadable(const std::string& path) {
 
 void SharingRecords::load() {
     records.load();
-    const bool areFilesRead = excludedFiles.load();
+    const bool areFilesRead = excludedFiles.loadExcludedFiles();
     isSelectionUnreadable = isUnreadable(folder + "/" + files::storageInfo);
     const bool areFiltersUnreadable = isUnreadable(folder + "/" + files::filterInfo);
     if (isSelectionUnreadable || areFiltersUnreadable || !areFilesRead) {

@@ -61,8 +61,8 @@ void orv_SharingWindowController::filtersChanged() {
             if (life.expired() || isClosed_) return;
             filters->unscannedFolders = tree_.unscannedFolders;
             facts_->filters = std::move(*filters);
-            folderScanner_.cancelAllRequests();
-            folderScanner_.setFilters(facts_->filters);
+            folderScanner.cancelAllRequests();
+            folderScanner.setFilters(facts_->filters);
             ledger_.clear();
             startScanTopLevelFolders();
             refreshStorageSummary();

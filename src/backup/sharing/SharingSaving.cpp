@@ -20,7 +20,7 @@ struct orv_SharingWindowController::Stored {
 
     void store() {
         isStored = storage.store() && areFiltersStored() &&
-                   (!excludedFilesChanged || excludedFiles.store());
+                   (!excludedFilesChanged || excludedFiles.saveExcludedFiles());
     }
 
  private:

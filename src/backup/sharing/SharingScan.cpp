@@ -10,7 +10,7 @@ void orv_SharingWindowController::startScanRequest(orv_FileSystemItem& item) {
     item.resetScanState(orv_FileSystemItem::ScanRequested);
     const std::string path = item.fullPath();
     const std::size_t offset = path == "/" ? 1 : path.size() + 1;
-    folderScanner_.requestComputePath(path, std::make_shared<const orv_ScanInfo>(&item, offset));
+    folderScanner.requestComputePath(path, std::make_shared<const orv_ScanInfo>(&item, offset));
 }
 
 void orv_SharingWindowController::restartScanRequest(orv_FileSystemItem& item) {
@@ -33,14 +33,14 @@ void orv_SharingWindowController::startScanTopLevelFolders() {
 
 /// Results that are on their way arrive later and find their folders by path.
 bool orv_SharingWindowController::cancelScanRequest(orv_FileSystemItem& item) {
-    if (!folderScanner_.cancelRequestForPath(item.fullPath())) return false;
+    if (!folderScanner.cancelRequestForPath(item.fullPath())) return false;
     if (item.getScanningState() == orv_FileSystemItem::ScanRequested)
         item.resetScanState(orv_FileSystemItem::Idle);
     return true;
 }
 
 void orv_SharingWindowController::cancelAllrequests() {
-    folderScanner_.cancelAllRequests();
+    folderScanner.cancelAllRequests();
     // the scanner may hang at a disk that does not answer, and has nothing to do now
     if (computationInProgress_) computationFinished();
 }

@@ -21,7 +21,7 @@ orv_SharingWindowController::orv_SharingWindowController(const SharingEnvironmen
                 .wantsScan = [this](orv_FileSystemItem& item) { scanWhenShown(item); }}),
       ledger_(environment.scanBackground),
       leftOut_(outlets_.leftOut, environment.folderBackground),
-      folderScanner_(*environment.services.runLoop, *this) {
+      folderScanner(*environment.services.runLoop, *this) {
     storage_.setFigures(storage);
     storage_.setBackupEnabled(true);
     storage_.setSyncEnabled(storage.syncEnabled);
@@ -107,8 +107,8 @@ void orv_SharingWindowController::awakeFromNib(SharingTree made) {
                               environment_.filePanels, [this] { return selection(); },
                               [this](bool changed) { excludeSheetClosed(changed); }});
     outlets_._excludeButton.setEnabled(true);
-    folderScanner_.setFilters(facts_->filters);
-    folderScanner_.start();
+    folderScanner.setFilters(facts_->filters);
+    folderScanner.start();
     initializeTreeAndFilterSettings();
 }
 
@@ -155,8 +155,8 @@ void orv_SharingWindowController::closeDialogWithReturnCode(int code) {
     if (exclude_) exclude_->close();
     leftOut_.close();
     hiddenCount_.request_stop();
-    folderScanner_.cancelAllRequests();
-    folderScanner_.stop();
+    folderScanner.cancelAllRequests();
+    folderScanner.stop();
     outlets_._sharingWindow.close();
     outlets_._folderTree.setDataSource(nullptr);
     outline_.setTree(nullptr);

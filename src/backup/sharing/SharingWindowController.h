@@ -145,7 +145,7 @@ class orv_SharingWindowController final : private FolderScannerDelegate {
     std::uint64_t scannedFiles_ = 0;
     std::stop_source hiddenCount_;
     std::shared_ptr<bool> life_ = std::make_shared<bool>(true);
-    orv_FolderScannerTask folderScanner_;
+    orv_FolderScannerTask folderScanner;
 };
 
 }  // namespace orv

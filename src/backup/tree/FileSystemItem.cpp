@@ -74,7 +74,7 @@ bool orv_FileSystemItem::isCheckable() const {
 
 bool orv_FileSystemItem::isUnreadable() const {
     const ChildList* const list = findDuplicateWithChildren().children_;
-    return list && list->isUnreadable && !missing_;
+    return list && list->isUnreadable && !missing;
 }
 
 orv_FileSystemItem* orv_FileSystemItem::findParent() const {

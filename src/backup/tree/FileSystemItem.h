@@ -45,7 +45,7 @@ class orv_FileSystemItem {
     /// Asks the disk.
     [[nodiscard]] bool isSymlink() const;
     /// A stored path that is not on the disk.
-    [[nodiscard]] bool isMissing() const { return missing_; }
+    [[nodiscard]] bool isMissing() const { return missing; }
     [[nodiscard]] bool isExpandable() const;
     [[nodiscard]] bool isCheckable() const;
     /// Whether its folder could not be read.
@@ -118,9 +118,9 @@ class orv_FileSystemItem {
 
     // Sizes in bytes, of the files that the filters let through.
     /// Of the files directly in it.
-    [[nodiscard]] std::uint64_t getSize() const { return mySize_; }
+    [[nodiscard]] std::uint64_t getSize() const { return mySize; }
     void setSize(std::uint64_t bytes);
-    [[nodiscard]] std::uint64_t sizeWithSubtree() const { return mySizeWitSubtree_; }
+    [[nodiscard]] std::uint64_t sizeWithSubtree() const { return mySizeWitSubtree; }
     /// What the selection takes of the subtree.
     [[nodiscard]] std::uint64_t getVisualSize();
     void setVisualSize(std::uint64_t bytes);
@@ -128,7 +128,7 @@ class orv_FileSystemItem {
     [[nodiscard]] std::uint64_t getSelectionSize();
 
     // The scan.
-    [[nodiscard]] ScanningState getScanningState() const { return scanningState_; }
+    [[nodiscard]] ScanningState getScanningState() const { return scanningState; }
     void setScanningState(ScanningState state);
     /// Forgets the sizes of the loaded subtree.
     void resetScanState(ScanningState state);
@@ -173,16 +173,16 @@ class orv_FileSystemItem {
     ChildList* children_ = nullptr;
     /// In the tree's arena.
     const char* name_ = nullptr;
-    std::uint64_t mySize_ = 0;
-    std::uint64_t mySizeWitSubtree_ = 0;
-    std::uint64_t myVisualSize_ = unknownSize;
+    std::uint64_t mySize = 0;
+    std::uint64_t mySizeWitSubtree = 0;
+    std::uint64_t myVisualSize = unknownSize;
     std::uint32_t index_ = 0;
     std::uint32_t number_;
     std::uint16_t nameLength_ = 0;
     mutable std::uint8_t fsFlags_ = 0;
-    ScanningState scanningState_ = Idle;
+    ScanningState scanningState = Idle;
     bool checkFlag_ : 1 = false;
-    bool missing_ : 1 = false;
+    bool missing : 1 = false;
     bool shouldBeMarked_ : 1 = false;
     bool shouldBeExpanded_ : 1 = false;
     mutable bool areFlagsLoaded_ : 1 = false;

@@ -31,7 +31,7 @@ void FileSystemTree::releaseRootItems() {
     roots_.clear();
     volumeCount_ = 0;
     rootFileSystemItem_ = nullptr;
-    rootPaths_.clear();
+    fullPathParam.clear();
     arena_.clear();
     rules_.excludedVolumes.clear();
 }
@@ -44,7 +44,7 @@ void FileSystemTree::setExcludedPath(std::string path) {
     rules_.excludedPath = std::move(path);
 }
 
-void FileSystemTree::setExcludedFolders(FolderPatterns patterns) {
+void FileSystemTree::loadExcludedPathsPatterns(FolderPatterns patterns) {
     rules_.excludedFolders = std::move(patterns);
 }
 
@@ -97,7 +97,7 @@ void FileSystemTree::createShortcuts() {
 orv_FileSystemItem& FileSystemTree::makeRoot(const TreeRoot& root) {
     orv_FileSystemItem& item = arena_.makeItem(*this, root.name);
     item.isRoot_ = true;
-    rootPaths_[&item] = root.path;
+    fullPathParam[&item] = root.path;
     return item;
 }
 
@@ -107,7 +107,7 @@ void FileSystemTree::numberRoots(std::size_t from) {
 }
 
 const std::string& FileSystemTree::pathOfRoot(const orv_FileSystemItem& root) const {
-    return rootPaths_.at(&root);
+    return fullPathParam.at(&root);
 }
 
 orv_FileSystemItem* FileSystemTree::rootWithPrefixOf(std::string_view path, std::size_t count) {

@@ -54,7 +54,7 @@ class FileSystemTree {
     // What is not shown; to be set before the roots are asked for.
     void setExcludedVolumes(std::vector<std::string> volumes);
     void setExcludedPath(std::string path);
-    void setExcludedFolders(FolderPatterns patterns);
+    void loadExcludedPathsPatterns(FolderPatterns patterns);
     [[nodiscard]] bool isVolumeExcluded(std::string_view path) const;
     [[nodiscard]] bool isPathExcluded(std::string_view path) const;
     [[nodiscard]] const TreeRules& rules() const { return rules_; }
@@ -115,7 +115,8 @@ class FileSystemTree {
     std::vector<orv_FileSystemItem*> roots_;
     std::size_t volumeCount_ = 0;
     orv_FileSystemItem* rootFileSystemItem_ = nullptr;
-    std::unordered_map<const orv_FileSystemItem*, std::string> rootPaths_;
+    /// Of the roots; those of others are composed.
+    std::unordered_map<const orv_FileSystemItem*, std::string> fullPathParam;
 };
 
 }  // namespace orv

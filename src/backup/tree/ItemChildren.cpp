@@ -115,7 +115,7 @@ orv_FileSystemItem& orv_FileSystemItem::insertChild(std::string_view name) {
     child.parent_ = &holder;
     child.fsFlags_ = platform::ContainerItem;
     child.areFlagsLoaded_ = true;
-    child.missing_ = true;
+    child.missing = true;
     child.checkFlag_ = holder.checkFlag_;
     // nothing is there to be read
     child.children_ = &arena.unreadableList();

@@ -37,7 +37,7 @@ void orv_FileSystemItem::changeStoreFlag(bool flag) {
 
 void orv_FileSystemItem::updateCheckAndSizeForSubtree(bool flag) {
     checkFlag_ = flag;
-    myVisualSize_ = unknownSize;
+    myVisualSize = unknownSize;
     if (flag) shouldBeMarked_ = false;
     updateDuplicates();
     for (orv_FileSystemItem* child : loadedChildren())
@@ -88,13 +88,13 @@ bool orv_FileSystemItem::hasCheckedDescendant() const {
 
 bool orv_FileSystemItem::canCancelScan() const {
     for (const auto* item = this; item; item = item->findParent()) {
-        if (item->checkFlag_ && item->scanningState_ != SubtreeScanned) return false;
+        if (item->checkFlag_ && item->scanningState != SubtreeScanned) return false;
     }
     return !hasCheckedDescendant();
 }
 
 bool orv_FileSystemItem::shoudStartScanForSubtree() const {
-    if (checkFlag_ && scanningState_ != SubtreeScanned) return true;
+    if (checkFlag_ && scanningState != SubtreeScanned) return true;
     return std::ranges::any_of(loadedChildren(), [](const orv_FileSystemItem* child) {
         return child->shoudStartScanForSubtree();
     });

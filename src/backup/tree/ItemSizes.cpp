@@ -7,31 +7,31 @@ namespace orv {
 // Sums wrap as unsigned numbers do: what is added and what is taken away again cancel out.
 
 void orv_FileSystemItem::setSize(std::uint64_t bytes) {
-    mySize_ = bytes;
+    mySize = bytes;
     updateDuplicates();
 }
 
 void orv_FileSystemItem::setVisualSize(std::uint64_t bytes) {
-    myVisualSize_ = bytes;
+    myVisualSize = bytes;
     updateDuplicates();
 }
 
 void orv_FileSystemItem::setScanningState(ScanningState state) {
-    scanningState_ = state;
+    scanningState = state;
     updateDuplicates();
 }
 
 std::uint64_t orv_FileSystemItem::getVisualSize() {
-    if (myVisualSize_ == unknownSize) setVisualSize(computeVisualSize());
-    return myVisualSize_;
+    if (myVisualSize == unknownSize) setVisualSize(computeVisualSize());
+    return myVisualSize;
 }
 
 std::uint64_t orv_FileSystemItem::computeVisualSize() {
     const orv_FileSystemItem& holder = findDuplicateWithChildren();
-    if (holder.scanningState_ == SubtreeScanned && holder.mySizeWitSubtree_ != unknownSize)
-        return (holder.checkFlag_ ? holder.mySizeWitSubtree_ : 0) + holder.changesBelow();
-    if (!holder.children_) return holder.checkFlag_ ? holder.mySizeWitSubtree_ : 0;
-    std::uint64_t bytes = holder.checkFlag_ ? holder.mySize_ : 0;
+    if (holder.scanningState == SubtreeScanned && holder.mySizeWitSubtree != unknownSize)
+        return (holder.checkFlag_ ? holder.mySizeWitSubtree : 0) + holder.changesBelow();
+    if (!holder.children_) return holder.checkFlag_ ? holder.mySizeWitSubtree : 0;
+    std::uint64_t bytes = holder.checkFlag_ ? holder.mySize : 0;
     for (orv_FileSystemItem* child : holder.children_->items)
         bytes += child->getVisualSize();
     return bytes;
@@ -41,7 +41,7 @@ std::uint64_t orv_FileSystemItem::changesBelow() const {
     std::uint64_t bytes = 0;
     for (const orv_FileSystemItem* child : loadedChildren()) {
         if (child->checkFlag_ != checkFlag_)
-            bytes += checkFlag_ ? 0 - child->mySizeWitSubtree_ : child->mySizeWitSubtree_;
+            bytes += checkFlag_ ? 0 - child->mySizeWitSubtree : child->mySizeWitSubtree;
         bytes += child->changesBelow();
     }
     return bytes;
@@ -56,10 +56,10 @@ std::uint64_t orv_FileSystemItem::getSelectionSize() {
 }
 
 void orv_FileSystemItem::resetScanState(ScanningState state) {
-    mySize_ = 0;
-    mySizeWitSubtree_ = 0;
-    myVisualSize_ = unknownSize;
-    scanningState_ = state;
+    mySize = 0;
+    mySizeWitSubtree = 0;
+    myVisualSize = unknownSize;
+    scanningState = state;
     updateDuplicates();
     for (orv_FileSystemItem* child : loadedChildren())
         child->resetScanState(state);
@@ -71,19 +71,19 @@ void orv_FileSystemItem::updateSubpath(std::string_view path, std::size_t offset
     orv_FileSystemItem& item = findItemForSubpath(path, offset, isWhole);
     const std::uint64_t selected = item.checkFlag_ ? size : 0;
     if (isWhole) {
-        item.mySize_ = size;
-        item.mySizeWitSubtree_ = size;
-        item.myVisualSize_ = selected;
-        item.scanningState_ = OwnSizeKnown;
-    } else if (item.scanningState_ == OwnSizeKnown) {
-        item.mySizeWitSubtree_ += size;
-        if (item.myVisualSize_ != unknownSize) item.myVisualSize_ += selected;
+        item.mySize = size;
+        item.mySizeWitSubtree = size;
+        item.myVisualSize = selected;
+        item.scanningState = OwnSizeKnown;
+    } else if (item.scanningState == OwnSizeKnown) {
+        item.mySizeWitSubtree += size;
+        if (item.myVisualSize != unknownSize) item.myVisualSize += selected;
     }
     item.updateDuplicates();
-    for (auto* above = item.findParent(); above && above->scanningState_ == OwnSizeKnown;
+    for (auto* above = item.findParent(); above && above->scanningState == OwnSizeKnown;
          above = above->findParent()) {
-        above->mySizeWitSubtree_ += size;
-        above->myVisualSize_ = unknownSize;
+        above->mySizeWitSubtree += size;
+        above->myVisualSize = unknownSize;
         above->updateDuplicates();
     }
 }
@@ -92,7 +92,7 @@ void orv_FileSystemItem::setScannedPath(std::string_view path, std::size_t offse
     bool isWhole = false;
     orv_FileSystemItem& item = findItemForSubpath(path, offset, isWhole);
     // its twins keep theirs: they may be scanned from elsewhere
-    if (isWhole) item.scanningState_ = SubtreeScanned;
+    if (isWhole) item.scanningState = SubtreeScanned;
 }
 
 }  // namespace orv

@@ -29,20 +29,20 @@ orv_FileSystemItem& orv_FileSystemItem::findDuplicateWithChildren() {
 
 void orv_FileSystemItem::updateDuplicates() {
     for (auto* twin = duplicateItem_; twin != this; twin = twin->duplicateItem_) {
-        twin->mySize_ = mySize_;
-        twin->mySizeWitSubtree_ = mySizeWitSubtree_;
-        twin->myVisualSize_ = myVisualSize_;
-        twin->scanningState_ = scanningState_;
+        twin->mySize = mySize;
+        twin->mySizeWitSubtree = mySizeWitSubtree;
+        twin->myVisualSize = myVisualSize;
+        twin->scanningState = scanningState;
         twin->checkFlag_ = checkFlag_;
         twin->shouldBeMarked_ = shouldBeMarked_;
     }
 }
 
 void orv_FileSystemItem::updateMySettingsFromDuplicate() {
-    mySize_ = duplicateItem_->mySize_;
-    mySizeWitSubtree_ = duplicateItem_->mySizeWitSubtree_;
-    myVisualSize_ = duplicateItem_->myVisualSize_;
-    scanningState_ = duplicateItem_->scanningState_;
+    mySize = duplicateItem_->mySize;
+    mySizeWitSubtree = duplicateItem_->mySizeWitSubtree;
+    myVisualSize = duplicateItem_->myVisualSize;
+    scanningState = duplicateItem_->scanningState;
     checkFlag_ = duplicateItem_->checkFlag_;
     shouldBeMarked_ = duplicateItem_->shouldBeMarked_;
 }
