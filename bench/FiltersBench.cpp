@@ -116,12 +116,14 @@ std::vector<std::string> folderExpressions() {
     return list;
 }
 
+/// A byte at a time, as a matcher reads them; the compiler would take sixteen.
 void FolderPatternsOnePass(benchmark::State& state) {
     for (auto _ : state) {
-        unsigned slashes = 0;
-        for (const char c : folderPath)
+        std::size_t slashes = 0;
+        for (const char c : folderPath) {
             slashes += c == '/';
-        benchmark::DoNotOptimize(slashes);
+            benchmark::DoNotOptimize(slashes);
+        }
     }
 }
 BENCHMARK(FolderPatternsOnePass);

@@ -205,6 +205,34 @@ TEST(FolderScanner, TakesWhatIsRequestedLastAndWhatIsInsertedFirst) {
                     c + " done", a + " done", b + ": 0 bytes in 0", b + " done", "finished"));
 }
 
+TEST(FolderScanner, TellsNoEndWhenMoreWasRequestedBeforeItCouldBeTold) {
+    const TemporaryFolder folder;
+    const std::string first = folder.makeFolder("first");
+    const std::string second = folder.makeFolder("second");
+    for (int round = 0; round < 50; ++round) {
+        ScannerUnderTest scanner;
+        scanner.request(first);
+        scanner.gate->awaitLeaving(first);
+        for (int i = 0; i < 100; ++i)
+            std::this_thread::yield();  // the end is as good as sent
+        if (round % 2 == 0) {
+            scanner.request(second);
+        } else {
+            scanner.delegate.onResult = [&] {
+                if (scanner.delegate.results.size() == 1) scanner.request(second);
+            };
+        }
+        scanner.untilFinished();
+        ASSERT_TRUE(scanner.delegate.wasTold(second + " done"));
+        // and still there is an end where what was requested is cancelled again
+        scanner.request(first);
+        scanner.task->cancelAllRequests();
+        scanner.delegate.isFinished = false;
+        scanner.request(second);
+        scanner.untilFinished();
+    }
+}
+
 TEST(FolderScanner, TellsTheResultButNothingBelowAFolderThatIsCancelledWhileItIsRead) {
     const TemporaryFolder folder;
     const std::string a = folder.makeFolder("a");

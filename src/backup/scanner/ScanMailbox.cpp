@@ -16,6 +16,14 @@ void ScanMailbox::send(ScanMessage message) {
     runLoop_.post([self = shared_from_this()] { self->deliverAfter(gathering); });
 }
 
+bool ScanMailbox::takeBackFinished() {
+    const auto isFinish = [](const ScanMessage& message) {
+        return message.kind == ScanMessage::Kind::ScanningFinished;
+    };
+    const std::lock_guard lock(mutex_);
+    return std::erase_if(collected_, isFinish) + std::erase_if(messages_, isFinish) > 0;
+}
+
 void ScanMailbox::close() {
     timer_.reset();
     collected_.clear();

@@ -37,6 +37,8 @@ class ScanMailbox : public std::enable_shared_from_this<ScanMailbox> {
 
     /// Any thread.
     void send(ScanMessage message);
+    /// The end of a scan that nobody was told of is not told; whether there was one. Main thread.
+    [[nodiscard]] bool takeBackFinished();
     /// Nobody is told anything from now on. Main thread.
     void close();
 

@@ -64,12 +64,18 @@ void ScanSession::addToBottom(std::string path, std::shared_ptr<const orv_ScanIn
     const Lock lock(mutex_);
     if (requests.contains(object.get(), path)) return;
     requests.addToBottom(jobOf({std::move(path), false, nullptr}, std::move(object)));
-    workerWakes_.notify_one();
+    added();
 }
 
 void ScanSession::pushOnTop(std::string path, std::shared_ptr<const orv_ScanInfo> object) {
     const Lock lock(mutex_);
     requests.pushOnTop(jobOf({std::move(path), false, nullptr}, std::move(object)));
+    added();
+}
+
+/// The scan goes on, so an end that is on its way would be told too early.
+void ScanSession::added() {
+    if (mailbox_->takeBackFinished()) isScanning_ = true;
     workerWakes_.notify_one();
 }
 
@@ -121,10 +127,9 @@ void ScanSession::freeRetired(Lock& lock) {
 }
 
 void ScanSession::waitNextRequest(Lock& lock) {
-    if (std::exchange(isScanning_, false)) {
-        const Unlocked unlocked(lock);
+    // under the lock, so that none that is requested meanwhile comes before the end is told
+    if (std::exchange(isScanning_, false))
         mailbox_->send({ScanMessage::Kind::ScanningFinished, nullptr});
-    }
     workerWakes_.wait(lock, [&] { return !requests.empty() || !retired_.empty() || isStopped_; });
 }
 

@@ -36,6 +36,8 @@ class ScanSession : public std::enable_shared_from_this<ScanSession> {
     enum class Helper { Unwanted, Wanted, Awake, Asleep };
     using Filters = std::shared_ptr<const ScannerFilters>;
 
+    void added();
+
     // the worker, which tells what is found; all under the lock
     void workerLoop();
     void workOn(const std::shared_ptr<ScanJob>& job, FolderReader& reader, Lock& lock);

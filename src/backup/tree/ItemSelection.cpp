@@ -39,8 +39,9 @@ void orv_FileSystemItem::updateCheckAndSizeForSubtree(bool flag) {
     checkFlag_ = flag;
     myVisualSize = unknownSize;
     if (flag) shouldBeMarked_ = false;
-    updateDuplicates();
-    for (orv_FileSystemItem* child : loadedChildren())
+    if (duplicateItem_ != this) updateDuplicates();
+    // a click may ask a million of them
+    for (orv_FileSystemItem* child : children_ ? children_->items : loadedChildren())
         child->updateCheckAndSizeForSubtree(flag);
 }
 
