@@ -1,8 +1,8 @@
-// bench_sharing_frames FILE [FOLDERS FILES]: the window in which folders are chosen, off-screen, over
-// a tree that is made below a home of its own and removed. Everything is opened, then scanned, then
-// scrolled through. Writes {"name": number} as JSON: the longest time in nanoseconds for which the
-// main thread dealt with one event in each of these, how many took longer than a frame, and kilobytes
-// of memory.
+// bench_sharing_frames FILE [FOLDERS FILES]: the window in which folders are chosen, off-screen,
+// over a tree that is made below a home of its own and removed. Everything is opened, then scanned,
+// then scrolled through. Writes {"name": number} as JSON: the longest time in nanoseconds for which
+// the main thread dealt with one event in each of these, how many took longer than a frame, and
+// kilobytes of memory.
 #include <QApplication>
 #include <QScrollBar>
 #include <chrono>
@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "EndAtPaint.h"
+#include "Tree.h"
 #include "backup/sharing/SharingWindowController.h"
 #include "config/ConfigurationPath.h"
 #include "config/PropertyFiles.h"
@@ -25,7 +26,6 @@
 #include "qt/elements/OutlineTree.h"
 #include "qt/looks/Icons.h"
 #include "qt/windows/SharingWindow.h"
-#include "Tree.h"
 #include "support/FakeAlerts.h"
 #include "support/FakeFilePanels.h"
 #include "support/TemporaryFolder.h"
@@ -172,8 +172,7 @@ int main(int argc, char** argv) {
             if (rows.cellOfItem(row).imageName == "folder-home") openAll(rows, looking, row);
         }
         note("Reading");
-        auto& tree =
-            *windows.window->findChild<orv::OutlineTree*>(QStringLiteral("_folderTree"));
+        auto& tree = *windows.window->findChild<orv::OutlineTree*>(QStringLiteral("_folderTree"));
         updates.flush();
         expandAll(tree, {});
         QCoreApplication::processEvents();

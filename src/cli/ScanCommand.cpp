@@ -1,19 +1,17 @@
-#include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 #include <iostream>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <span>
 #include <string>
 #include <unistd.h>
 #include <utility>
 #include <vector>
 
 #include "accounts/filters/FilterSettings.h"
-#include "backup/scanner/FolderReader.h"
+#include "backup/selection/SelectionWalk.h"
 #include "backup/tree/MountPoints.h"
 #include "cli/Commands.h"
 #include "cli/Complaint.h"
@@ -23,7 +21,6 @@
 #include "config/ConfigurationPath.h"
 #include "config/Locations.h"
 #include "foundation/files/Existence.h"
-#include "foundation/paths/Paths.h"
 #include "foundation/system/LocalizedString.h"
 #include "foundation/texts/VisibleText.h"
 #include "platform/Services.h"
@@ -111,60 +108,6 @@ class ScanPrinter {
     std::uint64_t files_ = 0;
 };
 
-/// A folder that is to be scanned. What the tree does not know of is as the folder that it is in.
-struct ScanStep {
-    FolderPlace place;
-    /// Null for none.
-    orv_FileSystemItem* item = nullptr;
-    bool isSelected = true;
-};
-
-FolderPlace placeOf(std::string path) {
-    FolderPlace place;
-    place.path = std::move(path);
-    return place;
-}
-
-orv_FileSystemItem* loadedChild(orv_FileSystemItem* item, std::string_view name) {
-    if (!item) return nullptr;
-    bool isWhole = false;
-    orv_FileSystemItem& found = item->findItemForSubpath(name, isWhole);
-    return isWhole && found.relativePath() == name ? &found : nullptr;
-}
-
-bool holdsSelected(orv_FileSystemItem* item) {
-    std::vector<orv_FileSystemItem*> selected;
-    if (item) item->findTopLevelItems(selected);
-    return !selected.empty();
-}
-
-/// Depth first, the folders in a folder as the disk lists them. How many could not be read.
-std::uint64_t scan(std::vector<ScanStep> steps, const ScannerFilters& filters,
-                   ScanPrinter& printer) {
-    const std::atomic<bool> isStopped = false;
-    const auto reader = MakeFolderReader();
-    std::uint64_t unread = 0;
-    std::ranges::reverse(steps);
-    while (!steps.empty()) {
-        const ScanStep step = std::move(steps.back());
-        steps.pop_back();
-        auto reading = reader->read(step.place, filters, isStopped);
-        if (!reading) {
-            ++unread;
-            continue;
-        }
-        if (step.isSelected) printer.add(step.place.path, reading->totals);
-        std::ranges::reverse(reading->subfolders);
-        for (FolderPlace& place : reading->subfolders) {
-            auto* const item = loadedChild(step.item, quelm::GetLastPathComponent(place.path));
-            const bool isSelected = item ? item->checkFlag() : step.isSelected;
-            if (isSelected || holdsSelected(item))
-                steps.push_back({std::move(place), item, isSelected});
-        }
-    }
-    return unread;
-}
-
 /// None, after a message, when there are filters that cannot be read.
 std::optional<ScannerFilters> loadFilters(const TreeRules& rules, Console& console) {
     if (!IsAbsentOrReadable(GetConfigurationPath(files::filterInfo), quelm::Value::Type::Dictionary,
@@ -182,9 +125,9 @@ std::optional<ScannerFilters> loadFilters(const TreeRules& rules, Console& conso
 }
 
 /// None, after a message, when one is no folder.
-std::optional<std::vector<ScanStep>> stepsOfPaths(const std::vector<std::string>& words,
-                                                  Console& console) {
-    std::vector<ScanStep> steps;
+std::optional<std::vector<SelectionStep>> stepsOfPaths(const std::vector<std::string>& words,
+                                                       Console& console) {
+    std::vector<SelectionStep> steps;
     for (const std::string& word : words) {
         const std::string path = PathOfFolder(word);
         if (!quelm::IsFolder(path)) {
@@ -193,15 +136,8 @@ std::optional<std::vector<ScanStep>> stepsOfPaths(const std::vector<std::string>
                                                {quelm::VisibleText(path)}));
             return std::nullopt;
         }
-        steps.push_back({placeOf(path), nullptr, true});
+        steps.push_back(StepOfFolder(path));
     }
-    return steps;
-}
-
-std::vector<ScanStep> stepsOfSelection(FileSystemTree& tree) {
-    std::vector<ScanStep> steps;
-    for (orv_FileSystemItem* const item : tree.findTopLevelItems())
-        steps.push_back({placeOf(item->fullPath()), item, true});
     return steps;
 }
 
@@ -213,13 +149,17 @@ ExitCode ScanFolders(const Arguments& arguments, Console& console) {
     SelectionTree selection(*stored);
     const auto filters = loadFilters(selection.tree().rules(), console);
     if (!filters) return ExitCode::Failed;
-    auto steps = arguments.empty() ? std::optional(stepsOfSelection(selection.tree()))
+    auto steps = arguments.empty() ? std::optional(StepsOfSelection(selection.tree()))
                                    : stepsOfPaths(arguments.words(), console);
     if (!steps) return ExitCode::Failed;
     std::uint64_t unread = 0;
     {
         ScanPrinter printer(console);
-        unread = scan(std::move(*steps), *filters, printer);
+        const auto print = [&printer](const SelectionStep& folder, const FolderTotals& found,
+                                      std::span<const SelectionStep> /*subfolders*/) {
+            if (folder.isSelected) printer.add(folder.path(), found);
+        };
+        unread = WalkSelection(std::move(*steps), *filters, false, print).count;
         printer.finish();
     }
     if (unread == 0) return ExitCode::Done;
