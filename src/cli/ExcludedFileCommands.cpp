@@ -47,6 +47,7 @@ void printAsJson(const ExcludedFiles& list, Console& console) {
 
 /// Stores the changed list, shows it with --json, and tells the agent.
 ExitCode storeList(ExcludedFiles& list, Console& console) {
+    MakeConfigurationFolder();
     if (!list.saveExcludedFiles()) {
         return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Excluded.NotStored",

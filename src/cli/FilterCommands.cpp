@@ -140,6 +140,7 @@ std::string describe(const Verdict& verdict) {
 
 /// Whether the file now says the same; storing itself tells a failure only in the log.
 bool storeAndCheck(const orv_FilterSettings& settings) {
+    MakeConfigurationFolder();
     orv_FilterSettings stored(GetConfigurationPath());
     return settings.store() && stored.load() && stored.isEqualToAgentSettings(settings);
 }

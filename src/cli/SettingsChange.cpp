@@ -10,12 +10,17 @@
 #include "cli/Complaint.h"
 #include "config/ConfigurationPath.h"
 #include "foundation/system/LocalizedString.h"
+#include "pane/settings/SettingsCycle.h"
 #include "platform/Services.h"
 
 namespace orv::cli {
 
 std::string AccountOfCommandLine() {
     return AgentID.empty() ? "1" : AgentID;
+}
+
+void MakeConfigurationFolder() {
+    static_cast<void>(checkApplicationDirectory(GetConfigurationPath()));
 }
 
 void AnnounceSettingsChange(std::uint32_t hint, Console& console) {

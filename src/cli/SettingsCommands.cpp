@@ -105,6 +105,7 @@ ExitCode SetSetting(const Arguments& arguments, Console& console) {
     auto record = loadRecord(console);
     if (!record) return ExitCode::Failed;
     if (!record->setValue(*setting, *value)) return wrongType(console, *setting, arguments[1]);
+    MakeConfigurationFolder();
     if (!record->store()) {
         return Fail(console, ExitCode::Failed,
                     FormatLocalizedString("Settings.NotStored",

@@ -27,6 +27,7 @@ namespace {
 
 /// Whether the file now says the same; storing itself tells a failure only in the log.
 bool storeAndCheck(const orv_StorageSettings& selection) {
+    MakeConfigurationFolder();
     orv_StorageSettings stored(GetConfigurationPath());
     return selection.store() && stored.load() && stored.isEqualToAgentSettings(selection);
 }

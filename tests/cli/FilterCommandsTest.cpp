@@ -129,9 +129,9 @@ TEST_F(FilterCommands, AChangeThatCannotBeStoredFailsAndOneWithoutABusDoesNot) {
     EXPECT_EQ(orv::cli::RunCommandLine({"filters", "category", "music", "on"}, output, errors),
               ExitCode::Done);
     EXPECT_THAT(errors.str(), HasSubstr("no session bus"));
-    orv::SetConfigBasePath(folder / "absent");
+    orv::SetConfigBasePath(folder.makeFile("file") + "/absent");
     EXPECT_EQ(run({"filters", "exclude", "add", "a"}), ExitCode::Failed);
-    EXPECT_THAT(err.str(), HasSubstr(folder / "absent"));
+    EXPECT_THAT(err.str(), HasSubstr(folder / "file/absent"));
     EXPECT_THAT(hints, ElementsAre());
 }
 

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
@@ -71,6 +72,14 @@ TEST_F(SelectionCommands, AddAndRemoveFoldersAsTheCheckBoxesDo) {
     EXPECT_EQ(rows(), Array());
     EXPECT_EQ(run({"folders", "remove", documents}), ExitCode::Failed);
     EXPECT_THAT(hints, ElementsAre());
+}
+
+TEST_F(SelectionCommands, MakeTheFolderThatANewUserDoesNotHave) {
+    std::filesystem::remove_all(folder.path());
+    EXPECT_EQ(run({"folders", "add", disk_ / "Documents"}), ExitCode::Done) << err.str();
+    EXPECT_EQ(rows(), (Array{row(disk_ / "Documents", true)}));
+    std::filesystem::remove_all(folder.path());
+    EXPECT_EQ(run({"settings", "set", "two_way_sync", "true"}), ExitCode::Done) << err.str();
 }
 
 TEST_F(SelectionCommands, KeepWhatIsStoredOfFoldersThatAreNotThere) {

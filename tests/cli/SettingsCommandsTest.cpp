@@ -128,7 +128,7 @@ TEST_F(SettingsCommands, LeaveAloneWhatCannotBeReadOrWritten) {
         }
         EXPECT_EQ(test_support::ContentOf(record), content);
     }
-    orv::SetConfigBasePath(folder / "absent");
+    orv::SetConfigBasePath(record + "/absent");
     EXPECT_EQ(run({"settings", "set", "trace_level", "1"}), ExitCode::Failed);
     EXPECT_EQ(run({"folders", "roots", "--json"}), ExitCode::Done);
     EXPECT_EQ(out_.str(), "[]\n");

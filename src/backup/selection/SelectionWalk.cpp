@@ -38,7 +38,8 @@ std::vector<SelectionStep> stepsBelow(const SelectionStep& step,
     for (FolderPlace& place : subfolders) {
         auto* const item = loadedChild(step.item, quelm::GetLastPathComponent(place.path));
         const bool isSelected = item ? item->checkFlag() : step.isSelected;
-        if (isSelected || holdsSelected(item)) below.push_back({std::move(place), item, isSelected});
+        if (isSelected || holdsSelected(item))
+            below.push_back({std::move(place), item, isSelected});
     }
     return below;
 }

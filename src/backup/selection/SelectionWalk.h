@@ -25,9 +25,8 @@ struct SelectionStep {
 
 /// Of each folder that was read, before those in it: what is directly in it that counts, and those
 /// of its subfolders that come next.
-using FolderVisitor =
-    std::function<void(const SelectionStep& folder, const FolderTotals& found,
-                       std::span<const SelectionStep> subfolders)>;
+using FolderVisitor = std::function<void(const SelectionStep& folder, const FolderTotals& found,
+                                         std::span<const SelectionStep> subfolders)>;
 
 /// Where a walk through everything that is selected begins.
 [[nodiscard]] std::vector<SelectionStep> StepsOfSelection(FileSystemTree& tree);
