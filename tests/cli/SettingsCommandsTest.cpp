@@ -130,6 +130,7 @@ TEST_F(SettingsCommands, LeaveAloneWhatCannotBeReadOrWritten) {
     }
     orv::SetConfigBasePath(record + "/absent");
     EXPECT_EQ(run({"settings", "set", "trace_level", "1"}), ExitCode::Failed);
+    orv::SetConfigBasePath(folder / "absent");
     EXPECT_EQ(run({"folders", "roots", "--json"}), ExitCode::Done);
     EXPECT_EQ(out_.str(), "[]\n");
     EXPECT_TRUE(center_->posted().empty());
