@@ -6,6 +6,9 @@
 
 namespace orv {
 
+/// Bytes that are taken for the quota while nothing is known of it.
+inline constexpr std::int64_t quotaWithoutInformation = std::int64_t{5} << 30U;
+
 /// The account's storage quota as the server gave it, from the account's "storage_quota.xml". All
 /// sizes in bytes. What cannot be read leaves the previous values.
 class orv_StorageQuotaInfo {

@@ -12,7 +12,7 @@
 
 #include "accounts/filters/FilterSettings.h"
 #include "backup/selection/SelectionWalk.h"
-#include "backup/tree/MountPoints.h"
+#include "backup/sharing/SharingFacts.h"
 #include "cli/Commands.h"
 #include "cli/Complaint.h"
 #include "cli/PathArgument.h"
@@ -33,10 +33,6 @@ namespace {
 using nlohmann::json;
 using quelm::FormatLocalizedString;
 
-std::string sizeText(std::uint64_t bytes) {
-    return FileSizeString(static_cast<std::int64_t>(bytes));
-}
-
 /// How far the scan is, on a terminal only.
 class ScanProgress {
  public:
@@ -53,9 +49,9 @@ class ScanProgress {
         const auto now = std::chrono::steady_clock::now();
         if (!isShown_ || now - last_ < interval) return;
         last_ = now;
-        fmt::print(
-            console_.err, "{}{}", clearLine,
-            FormatLocalizedString("Scan.Progress", "%lu folders, %@", {folders, sizeText(bytes)}));
+        fmt::print(console_.err, "{}{}", clearLine,
+                   FormatLocalizedString("Scan.Progress", "%lu folders, %@",
+                                         {folders, FileSizeText(bytes)}));
         console_.err.flush();
     }
 
@@ -85,7 +81,7 @@ class ScanPrinter {
             fmt::print(console_.out, "{}{}", folders_ == 0 ? "" : ",",
                        object.dump(-1, ' ', false, json::error_handler_t::replace));
         } else {
-            fmt::print(console_.out, "{:>10} {:>8} {}\n", sizeText(totals.size), totals.files,
+            fmt::print(console_.out, "{:>10} {:>8} {}\n", FileSizeText(totals.size), totals.files,
                        quelm::VisibleText(path));
         }
         progress_.show(++folders_, bytes_);
@@ -97,7 +93,7 @@ class ScanPrinter {
         }
         fmt::print(console_.out, "{}\n",
                    FormatLocalizedString("Scan.Total", "%@ in %lu files and %lu folders",
-                                         {sizeText(bytes_), files_, folders_}));
+                                         {FileSizeText(bytes_), files_, folders_}));
     }
 
  private:
@@ -117,10 +113,8 @@ std::optional<ScannerFilters> loadFilters(const TreeRules& rules, Console& conso
     orv_FilterSettings settings(GetConfigurationPath());
     settings.load();
     ScannerFilters filters = ScannerFilters::of(settings);
-    filters.unscannedFolders.insert(rules.excludedVolumes.begin(), rules.excludedVolumes.end());
-    for (const auto& volume : VolumesInSight(*platform::ProcessServices().volumes)) {
-        if (volume.pseudo) filters.unscannedFolders.insert(volume.mountPoint);
-    }
+    filters.unscannedFolders =
+        UnscannedFolders(*platform::ProcessServices().volumes, rules.excludedVolumes);
     return filters;
 }
 

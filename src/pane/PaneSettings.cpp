@@ -12,11 +12,7 @@
 
 namespace orv {
 
-namespace {
-
-constexpr std::int64_t quotaWithoutInformation = std::int64_t{5} << 30U;
-
-}  // namespace
+namespace {}  // namespace
 
 void orvPreferencePane::loadSettings() {
     showDebugTab();

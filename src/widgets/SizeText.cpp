@@ -1,6 +1,8 @@
 #include "widgets/SizeText.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 #include "foundation/system/LocalizedString.h"
 
@@ -32,6 +34,11 @@ std::string FileSizeString(std::int64_t bytes) {
             {static_cast<double>(bytes) / static_cast<double>(size)});
     }
     return quelm::FormatLocalizedString("FileSize.Bytes", "%qd B", {bytes});
+}
+
+std::string FileSizeText(std::uint64_t bytes) {
+    constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
+    return FileSizeString(static_cast<std::int64_t>(std::min(bytes, largest)));
 }
 
 }  // namespace orv

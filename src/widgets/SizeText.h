@@ -9,4 +9,7 @@ namespace orv {
 /// "---" for a negative one. Localised, unlike quelm::FileSizeString.
 [[nodiscard]] std::string FileSizeString(std::int64_t bytes);
 
+/// The same of a sum, which may be larger than any file.
+[[nodiscard]] std::string FileSizeText(std::uint64_t bytes);
+
 }  // namespace orv

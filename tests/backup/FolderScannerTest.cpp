@@ -272,7 +272,7 @@ TEST(FolderScanner, TellsTheResultButNothingBelowAFolderThatIsCancelledWhileItIs
     }
 }
 
-TEST(FolderScanner, CancelsAPathOfOtherCaseOnlyWhereNoneIsTheSame) {
+TEST(FolderScanner, CancelsNoFolderWhoseNameDiffersInCase) {
     const TemporaryFolder folder;
     const std::string busy = folder.makeFolder("busy");
     const std::string upper = folder.makeFolder("Docs");
@@ -284,8 +284,8 @@ TEST(FolderScanner, CancelsAPathOfOtherCaseOnlyWhereNoneIsTheSame) {
     scanner.request(upper);
     scanner.request(lower);
     EXPECT_TRUE(scanner.task->cancelRequestForPath(lower));
-    EXPECT_TRUE(scanner.task->cancelRequestForPath(folder / "DOCS"));
-    EXPECT_FALSE(scanner.task->cancelRequestForPath(upper));
+    EXPECT_FALSE(scanner.task->cancelRequestForPath(folder / "DOCS"));
+    EXPECT_TRUE(scanner.task->cancelRequestForPath(upper));
     scanner.gate->release(busy);
     scanner.untilFinished();
 }

@@ -16,6 +16,7 @@
 #include "support/FakeFilePanels.h"
 #include "support/FakeVolumes.h"
 #include "support/FakeWorkspace.h"
+#include "support/ForwardedRunLoop.h"
 #include "support/ScopedEnvironment.h"
 #include "sync/SyncFixture.h"
 
@@ -71,7 +72,7 @@ class SharingFixture : public SyncFixture {
         anna_.makeFile("Documents/.cache/deep/blob", std::string(1000, 'b'));
         anna_.makeLink("Documents/link", "letter.txt");
         anna_.makeFile("Desktop/note.txt", "note!");
-        services_.runLoop = std::make_unique<Forwarder>(loop_);
+        services_.runLoop = std::make_unique<ForwardedRunLoop>(loop_);
         services_.workspace = std::make_unique<FakeWorkspace>();
         auto volumes = std::make_unique<FakeVolumes>();
         volumes->volumes = {{.mountPoint = "/", .device = "/dev/sda1", .fileSystem = "ext4"}};
@@ -152,29 +153,6 @@ class SharingFixture : public SyncFixture {
             contents[entry.path().filename()] = ContentOf(entry.path());
         return contents;
     }
-
-    /// The manual loop as one that the services own.
-    class Forwarder final : public platform::RunLoop {
-     public:
-        explicit Forwarder(ManualRunLoop& loop) : loop_(loop) {}
-        void post(Task task) override { loop_.post(std::move(task)); }
-        std::unique_ptr<Timer> after(std::chrono::milliseconds delay, Task task) override {
-            return loop_.after(delay, std::move(task));
-        }
-        std::unique_ptr<Timer> every(std::chrono::milliseconds interval, Task task) override {
-            return loop_.every(interval, std::move(task));
-        }
-        std::unique_ptr<Watch> watch(int descriptor, Task readable) override {
-            return loop_.watch(descriptor, std::move(readable));
-        }
-        int runModal() override { return loop_.runModal(); }
-        void stopModal(int code) override { loop_.stopModal(code); }
-        void processPending() override { loop_.processPending(); }
-        [[nodiscard]] TimePoint now() const override { return loop_.now(); }
-
-     private:
-        ManualRunLoop& loop_;
-    };
 
     TemporaryFolder anna_;
     ScopedEnvironment home_;

@@ -28,7 +28,7 @@ TEST_F(TheSharingWindow, ShowsTheSizesOfWhatIsTicked) {
     EXPECT_EQ(outlets()._pieChartView.model().thisComputer, 104);
     EXPECT_EQ(outlets()._pieChartView.model().quota, 5'368'709'120);
     // hidden.txt, the link, and what is in the hidden folder
-    EXPECT_NE(outlets()._leftOutInfo.stringValue().find("3 of the selection (1007 B)"),
+    EXPECT_NE(outlets()._leftOutInfo.stringValue().find("the selection has 3 (1007 B)"),
               std::string::npos)
         << outlets()._leftOutInfo.stringValue();
 }
@@ -203,6 +203,65 @@ TEST_F(TheSharingWindow, AllowsNoMoreThanTheQuotaUnlessItIsLessThanBefore) {
               std::string::npos);
     click(row({"Desktop"}));
     EXPECT_TRUE(outlets()._okButton.isEnabled());
+}
+
+TEST_F(TheSharingWindow, AllowsNoMoreThanTheQuotaWhenNothingWasSelectedBefore) {
+    folder_.makeFile("storage_quota.xml",
+                     "<request><parameters><total-quota>50</total-quota></parameters></request>");
+    open();
+    click(row({"Documents"}));
+    EXPECT_FALSE(outlets()._okButton.isEnabled());
+}
+
+TEST_F(TheSharingWindow, WaitsForChangedFiltersBeforeItStores) {
+    open();
+    click(row({"Documents"}));
+    files_.held = true;
+    rows().toggleItem(row({"Desktop"}));  // its scan is given up by what follows
+    outlets()._onlyTheseButton.performClick();
+    for (int i = 0; i < 20; ++i)
+        loop_.advance(std::chrono::milliseconds(10));
+    EXPECT_TRUE(controller_->computationInProgress());
+    EXPECT_FALSE(outlets()._okButton.isEnabled());
+    files_.release();
+    settle();
+    EXPECT_TRUE(outlets()._okButton.isEnabled());
+}
+
+TEST_F(TheSharingWindow, KeepsWhatIsBeingStoredFromChanging) {
+    open();
+    click(row({"Documents"}));
+    files_.held = true;
+    outlets()._okButton.performClick();
+    EXPECT_FALSE(outlets()._excludeButton.isEnabled());
+    EXPECT_FALSE(outlets()._allFilesButton.isEnabled());
+    controller_->onlyTheseButtonPressed();
+    files_.release();
+    const auto filters = stored("filter_info.plist");
+    ASSERT_NE(filters.asDictionary(), nullptr);
+    EXPECT_EQ(*filters.asDictionary()->find("all"), quelm::Value(true));
+    EXPECT_FALSE(outlets()._sharingWindow.isOpen());
+}
+
+TEST_F(TheSharingWindow, SaysThatAVolumeIsNotBackedUpAndDoesNotWaitForItsSize) {
+    anna_.makeFile("Documents/portal/file", "12345");
+    ASSERT_TRUE(
+        orv::ChangePropertiesInFile(folder_ / "user_info.plist", {{"network_drive_share", false}}));
+    auto volumes = std::make_unique<test_support::FakeVolumes>();
+    volumes->volumes = {{.mountPoint = anna_ / "Documents/portal",
+                         .device = "server:/portal",
+                         .fileSystem = "nfs",
+                         .local = false}};
+    platform::ProcessServices().volumes = std::move(volumes);
+    open();
+    const auto portal = row({"Documents", "portal"});
+    click(portal);
+    ASSERT_EQ(alerts_.shown.size(), 1U);
+    EXPECT_EQ(check(portal), OutlineCheck::Unchecked);
+    click(row({"Documents"}));
+    platform::ProcessServices().volumes.reset();
+    EXPECT_EQ(title(portal), "portal  (0 B)");
+    EXPECT_EQ(title(row({"Documents"})), "Documents  (124 B)");
 }
 
 TEST_F(TheSharingWindow, RaisesWhatIsOpenAndClosesAtOnceWhileADiskHangs) {

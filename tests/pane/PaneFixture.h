@@ -15,6 +15,7 @@
 #include "support/FakeKeychain.h"
 #include "support/FakeVolumes.h"
 #include "support/FakeWorkspace.h"
+#include "support/ForwardedRunLoop.h"
 #include "support/ScopedEnvironment.h"
 #include "sync/SyncFixture.h"
 
@@ -98,7 +99,7 @@ class PaneFixture : public SyncFixture {
  protected:
     explicit PaneFixture(const quelm::Dictionary& record = {{"full_name", "Anna"}})
         : SyncFixture(record), home_("HOME", folder_.path()) {
-        services_.runLoop = std::make_unique<Forwarder>(loop_);
+        services_.runLoop = std::make_unique<ForwardedRunLoop>(loop_);
         services_.localNotifications =
             std::make_unique<platform::LocalNotifications>(*services_.runLoop);
         auto workspace = std::make_unique<FakeWorkspace>();
@@ -162,29 +163,6 @@ class PaneFixture : public SyncFixture {
         alerts_.shown.pop_back();
         shown.answered(button);
     }
-
-    /// The manual loop as one that the services own.
-    class Forwarder final : public platform::RunLoop {
-     public:
-        explicit Forwarder(ManualRunLoop& loop) : loop_(loop) {}
-        void post(Task task) override { loop_.post(std::move(task)); }
-        std::unique_ptr<Timer> after(std::chrono::milliseconds delay, Task task) override {
-            return loop_.after(delay, std::move(task));
-        }
-        std::unique_ptr<Timer> every(std::chrono::milliseconds interval, Task task) override {
-            return loop_.every(interval, std::move(task));
-        }
-        std::unique_ptr<Watch> watch(int descriptor, Task readable) override {
-            return loop_.watch(descriptor, std::move(readable));
-        }
-        int runModal() override { return loop_.runModal(); }
-        void stopModal(int code) override { loop_.stopModal(code); }
-        void processPending() override { loop_.processPending(); }
-        [[nodiscard]] TimePoint now() const override { return loop_.now(); }
-
-     private:
-        ManualRunLoop& loop_;
-    };
 
     std::vector<std::string> namesPosted() {
         std::vector<std::string> names;

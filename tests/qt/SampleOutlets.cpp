@@ -4,14 +4,8 @@ namespace test_support {
 
 namespace {
 
-constexpr std::int64_t gigabyte = std::int64_t{1024} * 1024 * 1024;
-
 void setStorage(orv::PaneOutlets& pane) {
-    orv::StorageFigures figures;
-    figures.quota = 100 * gigabyte;
-    figures.thisComputer = 38 * gigabyte;
-    figures.otherComputers = 17 * gigabyte;
-    figures.projects = 9 * gigabyte;
+    const orv::StorageFigures figures = SampleFigures();
     pane._pieChartView.setModel(figures);
     orv::SummaryPanel panel;
     panel.setFigures(figures);
@@ -20,6 +14,16 @@ void setStorage(orv::PaneOutlets& pane) {
 }
 
 }  // namespace
+
+orv::StorageFigures SampleFigures() {
+    constexpr std::int64_t gigabyte = std::int64_t{1024} * 1024 * 1024;
+    orv::StorageFigures figures;
+    figures.quota = 100 * gigabyte;
+    figures.thisComputer = 38 * gigabyte;
+    figures.otherComputers = 17 * gigabyte;
+    figures.projects = 9 * gigabyte;
+    return figures;
+}
 
 SampleOutlets::SampleOutlets() {
     fillHeader();

@@ -31,6 +31,9 @@ class SampleRows final : public orv::TableDataSource {
     }
 };
 
+/// A storage of which about a third is free.
+[[nodiscard]] orv::StorageFigures SampleFigures();
+
 /// The outlets of every window with the values of an ordinary day.
 struct SampleOutlets {
     SampleOutlets();

@@ -5,7 +5,6 @@ namespace test_support {
 namespace {
 
 using orv::OutlineCheck;
-constexpr std::int64_t gibibyte = std::int64_t{1} << 30;
 
 orv::OutlineCell folderCell(const std::string& title, OutlineCheck check,
                             const std::string& image = "folder") {
@@ -36,7 +35,7 @@ void SampleOutlets::fillTree() {
         tree.add(folderCell(name, Checked), &documents).isExpandable = true;
     tree.add(folderCell("2024", Unchecked), &pictures).isExpandable = true;
     tree.add(folderCell("2025  (6.3 GB)", Checked), &pictures).isExpandable = true;
-    tree.add(folderCell("Lightroom Catalog", Unchecked, "package"), &pictures);
+    tree.add(folderCell("Photo catalogue", Unchecked, "package"), &pictures);
     tree.add({"             tmp", "folder", {}}, &disk);
     auto& camera = tree.add(folderCell("CAMERA", Unchecked, "drive"));
     camera.isExpandable = true;
@@ -53,11 +52,7 @@ void SampleOutlets::fillSharing() {
     sharing._excludeInfo.setStringValue("3 active exclude filters");
     sharing._leftOutInfo.setStringValue(
         "Hidden files, links and what cannot be read are never counted.");
-    orv::StorageFigures figures;
-    figures.quota = 100 * gibibyte;
-    figures.thisComputer = 38 * gibibyte;
-    figures.otherComputers = 17 * gibibyte;
-    figures.projects = 9 * gibibyte;
+    const orv::StorageFigures figures = SampleFigures();
     sharing._pieChartView.setModel(figures);
     orv::SummaryPanel panel;
     panel.setFigures(figures);

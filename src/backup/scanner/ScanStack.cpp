@@ -24,11 +24,9 @@ std::shared_ptr<ScanJob> nextUnread(const ScanJobs& jobs, int& left) {
     return nullptr;
 }
 
-using IsBelow = bool (*)(std::string_view path, std::string_view prefix);
-
-ScanJobs takeBelow(ScanJobs& jobs, std::string_view path, IsBelow isBelow) {
+ScanJobs takeBelow(ScanJobs& jobs, std::string_view path) {
     const auto first = std::stable_partition(jobs.begin(), jobs.end(), [&](const auto& job) {
-        return !isBelow(job->folder.path, path);
+        return !quelm::StartsWithPath(job->folder.path, path);
     });
     ScanJobs taken(std::make_move_iterator(first), std::make_move_iterator(jobs.end()));
     jobs.erase(first, jobs.end());
@@ -70,8 +68,7 @@ void ScanStack::remove(const ScanJob& job) {
 }
 
 ScanJobs ScanStack::cancel(std::string_view path) {
-    ScanJobs cancelled = takeBelow(jobs_, path, quelm::StartsWithPath);
-    if (cancelled.empty()) cancelled = takeBelow(jobs_, path, orv::StartsWithPath);
+    ScanJobs cancelled = takeBelow(jobs_, path);
     markCancelled(cancelled);
     return cancelled;
 }

@@ -53,7 +53,7 @@ class ScanStack {
     void remove(const ScanJob& job);
 
     // Both answer the cancelled jobs. To free one may wait for a disk: a folder is closed.
-    /// The folder and what is below it; without regard to case only when nothing is there exactly.
+    /// The folder and what is below it. One whose name differs in case is another folder.
     [[nodiscard]] ScanJobs cancel(std::string_view path);
     [[nodiscard]] ScanJobs cancelAll();
 

@@ -19,17 +19,13 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
 }
 
-std::string asSize(std::uint64_t bytes) {
-    return FileSizeString(static_cast<std::int64_t>(std::min<std::uint64_t>(bytes, INT64_MAX)));
-}
-
 std::string inWords(const ScanLedger::Preview& preview) {
     const auto files = static_cast<std::int64_t>(preview.excluded.files);
     if (files == 0 && !preview.isLowerBound) {
         return GetLocalizedString("Sharing.PreviewNothing",
                                   "It would leave out none of the selected files.");
     }
-    const std::string size = asSize(preview.excluded.bytes);
+    const std::string size = FileSizeText(preview.excluded.bytes);
     if (preview.isLowerBound) {
         return FormatLocalizedString("Sharing.PreviewAtLeast",
                                      "It would leave out at least %qd of the selected files (%@).",
@@ -239,7 +235,7 @@ std::optional<std::string> ExcludeSheet::objectValue(const TableView& table,
     if (&table == &outlets_._excludedFilesTable) return environment_.excludedFiles.paths()[row];
     const ExcludePreview::Match& match = matches_[row];
     if (column == "name") return match.name;
-    if (column == "size") return asSize(match.size);
+    if (column == "size") return FileSizeText(match.size);
     return match.folder;
 }
 

@@ -45,11 +45,6 @@ bool isSizeKnown(orv_FileSystemItem& item) {
     return state != orv_FileSystemItem::Idle;
 }
 
-std::string sizeText(std::uint64_t bytes) {
-    constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
-    return FileSizeString(static_cast<std::int64_t>(std::min(bytes, largest)));
-}
-
 std::string imageOfShortcut(std::string_view name) {
     if (name == "Desktop") return "folder-desktop";
     return name == "Documents" ? "folder-documents" : "folder-home";
@@ -57,6 +52,12 @@ std::string imageOfShortcut(std::string_view name) {
 
 std::string toolTipOf(const orv_FileSystemItem& item) {
     std::string path = item.fullPath();
+    if (item.isMissing() && !item.isPathChecked()) {
+        return FormatLocalizedString("Sharing.MissingLeftOutHint",
+                                     "%@ is not on the disk. It is not backed up when it comes "
+                                     "back either; check it to change that.",
+                                     {path});
+    }
     if (item.isMissing()) {
         return FormatLocalizedString("Sharing.MissingHint",
                                      "%@ is not on the disk. It stays selected and is backed up "
@@ -145,7 +146,7 @@ std::string FolderOutline::titleOf(orv_FileSystemItem& item) const {
     if (!item.checkFlag()) return title;
     if (isSizeKnown(item))
         return title + FormatLocalizedString("Sharing.FolderSize", "  (%@)",
-                                             {sizeText(item.getVisualSize())});
+                                             {FileSizeText(item.getVisualSize())});
     if (item.getScanningState() == orv_FileSystemItem::Idle && actions_.wantsScan)
         actions_.wantsScan(item);
     return title + " (--- KB)";

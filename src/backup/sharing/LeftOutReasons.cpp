@@ -28,8 +28,8 @@ std::string unreadable(int error) {
 std::optional<std::string> reasonOfFolder(const std::string& path, const ScannerFilters& filters) {
     if (filters.unscannedFolders.contains(path)) {
         return GetLocalizedString("LeftOut.Volume",
-                                  "It is on a volume that is not backed up: of the system, or of a "
-                                  "kind that the account does not allow");
+                                  "It is on a volume of the system, or on one of a kind that this "
+                                  "account does not back up");
     }
     if (filters.excludedFolders.matches(path))
         return GetLocalizedString("LeftOut.Policy", "The backup policy excludes its path");
@@ -49,9 +49,8 @@ std::optional<std::string> reasonOfFile(const EntryReader& reader, std::string_v
     const auto status = reader.status(std::string(name).c_str());
     if (!status) return unreadable(errno);
     if (status->size > filters.maxFileSize) {
-        return FormatLocalizedString(
-            "LeftOut.TooLarge", "It is larger than %@",
-            {FileSizeString(static_cast<std::int64_t>(filters.maxFileSize))});
+        return FormatLocalizedString("LeftOut.TooLarge", "It is larger than %@",
+                                     {FileSizeText(filters.maxFileSize)});
     }
     return std::nullopt;
 }

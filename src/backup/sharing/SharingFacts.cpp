@@ -49,14 +49,16 @@ bool isUnreadable(const std::string& path) {
 void SharingRecords::load() {
     records.load();
     const bool areFilesRead = excludedFiles.loadExcludedFiles();
-    isSelectionUnreadable = isUnreadable(folder + "/" + files::storageInfo);
+    areRecordsUnreadable = isUnreadable(folder + "/" + files::storageInfo);
     const bool areFiltersUnreadable = isUnreadable(folder + "/" + files::filterInfo);
-    if (isSelectionUnreadable || areFiltersUnreadable || !areFilesRead) {
-        isSelectionUnreadable = true;
+    if (areRecordsUnreadable || areFiltersUnreadable || !areFilesRead) {
+        areRecordsUnreadable = true;
         problem = quelm::FormatLocalizedString(
             "Sharing.Unreadable",
-            "The stored selection in %@ cannot be read, so it cannot be changed here. Check the "
-            "permissions of the files there, or restore them from a backup.",
+            "The stored selection, or the filters that belong to it, cannot be read, so neither "
+            "can "
+            "be changed here. Check the permissions of the files in %@, or restore them from a "
+            "backup.",
             {folder});
     }
     filters = ScannerFilters::of(records.filterSettings);
@@ -69,6 +71,13 @@ PathSet UnscannedFolders(platform::Volumes& volumes,
         if (volume.pseudo) folders.insert(volume.mountPoint);
     }
     return folders;
+}
+
+bool SharingTree::isUnscanned(std::string_view path) const {
+    for (; path.size() > 1; path = quelm::RemoveLastPathComponent(path)) {
+        if (unscannedFolders.contains(path)) return true;
+    }
+    return false;
 }
 
 SharingTree BuildSharingTree(const SharingRecords& account, platform::Services& services) {

@@ -30,8 +30,9 @@ struct SharingRecords {
     ExcludedFiles excludedFiles;
     /// Without the folders that are never entered.
     ScannerFilters filters;
-    /// The stored selection is there, and nobody knows what it says: it must not be replaced.
-    bool isSelectionUnreadable = false;
+    /// The stored selection, its filters or the excluded files are there, and nobody knows what
+    /// they say: they must not be replaced.
+    bool areRecordsUnreadable = false;
     /// What a person should know of the files; empty for nothing.
     std::string problem = {};
 };
@@ -42,6 +43,8 @@ struct SharingTree {
     std::unique_ptr<PreparedCatalogue> catalogue;
     std::unique_ptr<FileSystemTree> tree;
     PathSet unscannedFolders;
+    /// Whether the path is, or lies in, a folder that is never entered.
+    [[nodiscard]] bool isUnscanned(std::string_view path) const;
     /// Stored paths that the tree does not take.
     std::vector<std::string> refused;
 };

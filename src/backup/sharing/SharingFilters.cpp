@@ -22,7 +22,7 @@ void orv_SharingWindowController::onlyTheseButtonPressed() {
 }
 
 void orv_SharingWindowController::includeFilterSelectionChanged() {
-    if (!tree_.tree) return;
+    if (!tree_.tree || isSaving_) return;
     setVisibilityOfBackupSets();
     filtersChanged();
 }
@@ -34,9 +34,17 @@ void orv_SharingWindowController::setIncludeFilters() {
         filterSettings().setPredefIncludeFilter(CategoryOfBox(i), boxes[i]->isOn());
 }
 
-void orv_SharingWindowController::setVisibilityOfBackupSets() {
+/// What is being stored does not change any more.
+void orv_SharingWindowController::enableChoices() {
+    for (Button* button : std::initializer_list<Button*>{
+             &outlets_._allFilesButton, &outlets_._onlyTheseButton, &outlets_._excludeButton})
+        button->setEnabled(!isSaving_);
     for (CheckBox* box : CategoryBoxes(outlets_))
-        box->setEnabled(outlets_._onlyTheseButton.isOn());
+        box->setEnabled(!isSaving_ && outlets_._onlyTheseButton.isOn());
+}
+
+void orv_SharingWindowController::setVisibilityOfBackupSets() {
+    enableChoices();
     showExludeFiltersInfo();
     setIncludeFilters();
 }
@@ -52,13 +60,16 @@ void orv_SharingWindowController::showExludeFiltersInfo() {
 
 /// What the server leaves out is read from its file.
 void orv_SharingWindowController::filtersChanged() {
+    isAsOpened_ = false;
     cancelAllrequests();
     computationStarted();
+    ++pendingFilters_;
     auto filters = std::make_shared<ScannerFilters>();
     environment_.background.perform(
         [filters, settings = filterSettings()] { *filters = ScannerFilters::of(settings); },
         [this, life = std::weak_ptr(life_), filters] {
             if (life.expired() || isClosed_) return;
+            if (--pendingFilters_ > 0) return;
             filters->unscannedFolders = tree_.unscannedFolders;
             facts_->filters = std::move(*filters);
             folderScanner.cancelAllRequests();

@@ -16,10 +16,12 @@ struct orv_SharingWindowController::Stored {
     ExcludedFiles excludedFiles;
     std::string folder;
     bool excludedFilesChanged = excludedFiles.isModified();
+    bool isSelectionStored = false;
     bool isStored = false;
 
     void store() {
-        isStored = storage.store() && areFiltersStored() &&
+        isSelectionStored = storage.store();
+        isStored = isSelectionStored && areFiltersStored() &&
                    (!excludedFilesChanged || excludedFiles.saveExcludedFiles());
     }
 
@@ -54,6 +56,7 @@ void orv_SharingWindowController::saveSettings() {
     setIncludeFilters();
     isSaving_ = true;
     outlets_._cancelButton.setEnabled(false);
+    enableChoices();
     outlets_._spinner.startAnimation();
     storageInfoDidChange();
     auto stored = std::make_shared<Stored>(Stored{facts_->records.storageSettings, filterSettings(),
@@ -67,9 +70,14 @@ void orv_SharingWindowController::saveSettings() {
 void orv_SharingWindowController::settingsSaved(const Stored& stored) {
     isSaving_ = false;
     outlets_._cancelButton.setEnabled(true);
+    enableChoices();
     outlets_._spinner.stopAnimation();
     storageInfoDidChange();
-    if (!stored.isStored) return environment_.alerts.show(notStored(facts_->folder), {});
+    if (!stored.isStored) {
+        // what is in the file counts for the agent
+        if (stored.isSelectionStored) NotifyAgentSettingsChanged(agentID_, HintBackupSelection);
+        return environment_.alerts.show(notStored(facts_->folder), {});
+    }
     if (stored.excludedFilesChanged) NotifyAgentSettingsChanged(agentID_, HintExcludedFiles);
     facts_->excludedFiles = stored.excludedFiles;
     NotifyAgentSettingsChanged(agentID_, HintBackupSelection);

@@ -42,7 +42,7 @@ bool orv_SharingWindowController::cancelScanRequest(orv_FileSystemItem& item) {
 void orv_SharingWindowController::cancelAllrequests() {
     folderScanner.cancelAllRequests();
     // the scanner may hang at a disk that does not answer, and has nothing to do now
-    if (computationInProgress_) computationFinished();
+    if (computationInProgress_ && pendingFilters_ == 0) computationFinished();
 }
 
 void orv_SharingWindowController::computationStarted() {
@@ -61,7 +61,8 @@ void orv_SharingWindowController::computationFinished() {
     outlets_._spinner.stopAnimation();
     showProgress();
     refreshStorageSummary();
-    if (!selectionAtFirst_) {
+    if (isAsOpened_) {
+        isAsOpened_ = false;
         selectionAtFirst_ = storage_.figures().thisComputer;
         storageInfoDidChange();
     }
@@ -86,6 +87,18 @@ void orv_SharingWindowController::folderScanResult(const orv_FolderScannerReques
     reloadTree();
 }
 
+/// Nothing is to come of what lies on a volume that is not backed up.
+void orv_SharingWindowController::settleUnscanned() {
+    auto* const computer = tree_.tree->rootFileSystemItem();
+    if (!computer) return;
+    for (const std::string& path : tree_.unscannedFolders) {
+        bool isWhole = false;
+        auto& item = computer->findItemForSubpath(path, isWhole);
+        if (isWhole && item.getScanningState() == orv_FileSystemItem::ScanRequested)
+            item.resetScanState(orv_FileSystemItem::SubtreeScanned);
+    }
+}
+
 void orv_SharingWindowController::folderSubtreeScanFinished(
     const orv_FolderScannerRequest& request) {
     if (isClosed_) return;
@@ -95,8 +108,10 @@ void orv_SharingWindowController::folderSubtreeScanFinished(
 
 void orv_SharingWindowController::folderScanningFinished() {
     if (isClosed_) return;
+    settleUnscanned();
     reloadTree();
-    computationFinished();
+    // the end of a scan that a change of the filters gave up
+    if (pendingFilters_ == 0) computationFinished();
 }
 
 }  // namespace orv

@@ -16,8 +16,6 @@ using quelm::GetLocalizedString;
 
 namespace {
 
-constexpr std::int64_t quotaWithoutInformation = 5'368'709'120;
-
 std::int64_t asSigned(std::uint64_t bytes) {
     return static_cast<std::int64_t>(std::min<std::uint64_t>(bytes, INT64_MAX));
 }
@@ -28,9 +26,10 @@ void orv_SharingWindowController::initStorageQuotaSettings() {
     const orv_StorageQuotaInfo& info = facts_->records.storageQuotaInfo;
     StorageFigures figures = storage_.figures();
     figures.quota = info.haveQuota() ? info.quota() : quotaWithoutInformation;
-    figures.otherComputers = info.haveQuota() ? info.totalOtherComputers() : 0;
-    figures.thisComputer = info.haveQuota() ? info.totalThisComputer() : 0;
+    figures.otherComputers = info.totalOtherComputers();
+    figures.thisComputer = info.totalThisComputer();
     storage_.setFigures(figures);
+    selectionAtFirst_ = figures.thisComputer;
     storage_.setSyncEnabled(facts_->records.agentSettings.syncEnabled());
 }
 
@@ -47,6 +46,10 @@ void orv_SharingWindowController::refreshStorageSummary() {
                 quelm::SaturatingSum(stored, std::clamp<std::int64_t>(known->stored(), 0, size));
     }
     storage_.setUserSelectionSize(total, stored);
+    showStorage();
+}
+
+void orv_SharingWindowController::showStorage() {
     outlets_._pieChartView.setModel(storage_.figures());
     outlets_._summaryPanelView.setModel(storage_);
     storageInfoDidChange();
@@ -56,12 +59,11 @@ void orv_SharingWindowController::refreshStorageSummary() {
 /// elsewhere.
 bool orv_SharingWindowController::chartAllows() const {
     const StorageFigures& figures = storage_.figures();
-    return !IsOverQuota(figures) ||
-           (selectionAtFirst_ && figures.thisComputer <= *selectionAtFirst_);
+    return !IsOverQuota(figures) || figures.thisComputer <= selectionAtFirst_;
 }
 
 void orv_SharingWindowController::storageInfoDidChange() {
-    const bool isReady = tree_.tree && !facts_->isSelectionUnreadable && !isSaving_;
+    const bool isReady = tree_.tree && !facts_->areRecordsUnreadable && !isSaving_;
     outlets_._okButton.setEnabled(isReady && !computationInProgress_ && chartAllows());
     const std::string inWords = DescriptionInWords(storage_.figures());
     outlets_._summaryLabel.setStringValue(
@@ -101,7 +103,7 @@ void orv_SharingWindowController::countHidden(const ScanLedger::Totals& totals) 
 
 void orv_SharingWindowController::showLeftOutTotals(const ScanLedger::Totals& totals,
                                                     bool isCounting) {
-    const std::string size = FileSizeString(asSigned(totals.leftOutBytes));
+    const std::string size = FileSizeText(totals.leftOutBytes);
     const std::int64_t files = asSigned(totals.leftOutFiles);
     if (isCounting) {
         outlets_._leftOutInfo.setStringValue(FormatLocalizedString(
@@ -116,7 +118,7 @@ void orv_SharingWindowController::showLeftOutTotals(const ScanLedger::Totals& to
     } else {
         outlets_._leftOutInfo.setStringValue(FormatLocalizedString(
             "Sharing.LeftOut",
-            "Hidden files and links are never backed up: %qd of the selection (%@).",
+            "Hidden files and links are never backed up: the selection has %qd (%@).",
             {files, size}));
     }
 }

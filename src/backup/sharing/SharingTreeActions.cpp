@@ -2,10 +2,13 @@
 
 #include "backup/sharing/SharingWindowController.h"
 #include "backup/tree/DiskCatalogue.h"
+#include "foundation/system/LocalizedString.h"
 
 // What happens in the folder tree of the window.
 
 namespace orv {
+
+using quelm::FormatLocalizedString;
 
 namespace {
 
@@ -18,6 +21,17 @@ orv_FileSystemItem* highestScanning(orv_FileSystemItem& item) {
             highest = above;
     }
     return highest;
+}
+
+Alert notBackedUp(const std::string& name) {
+    return {
+        .title = {},
+        .message = FormatLocalizedString("Sharing.NotBackedUp", "%@ cannot be backed up.", {name}),
+        .informativeText = quelm::GetLocalizedString(
+            "Sharing.NotBackedUpDetail",
+            "It is on a volume of the system itself, or on one of a kind that this account does "
+            "not back up, such as a network drive or a removable disk."),
+        .buttons = {quelm::GetLocalizedString("PrefPane.OK", "OK")}};
 }
 
 }  // namespace
@@ -50,6 +64,9 @@ void orv_SharingWindowController::itemExpanded(orv_FileSystemItem& item) {
 
 void orv_SharingWindowController::toggle(orv_FileSystemItem& item) {
     if (isSaving_ || !item.isCheckable()) return;
+    if (!item.checkFlag() && tree_.isUnscanned(item.fullPath()))
+        return environment_.alerts.show(notBackedUp(std::string(item.relativePath())), {});
+    isAsOpened_ = false;
     item.changeStoreFlag(!item.checkFlag());
     selection_.reset();
     if (item.checkFlag()) {
@@ -94,6 +111,10 @@ void orv_SharingWindowController::scanWhatIsShown() {
     for (const std::uint32_t number : std::exchange(shownUnscanned_, {})) {
         auto* const item = tree_.tree->itemWithNumber(number);
         if (!item->checkFlag() || item->getScanningState() != orv_FileSystemItem::Idle) continue;
+        if (tree_.isUnscanned(item->fullPath())) {
+            item->resetScanState(orv_FileSystemItem::SubtreeScanned);
+            continue;
+        }
         computationStarted();
         startScanRequest(*item);
     }

@@ -128,7 +128,7 @@ void orv_SharingWindowController::initializeFolderTree() {
     outlets_._folderTree.setDataSource(&outline_);
     outlets_._spinner.stopAnimation();
     startScanTopLevelFolders();
-    refreshStorageSummary();
+    computationInProgress_ ? showStorage() : refreshStorageSummary();
 }
 
 void orv_SharingWindowController::okSharingWindow() {

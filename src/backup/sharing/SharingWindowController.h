@@ -84,6 +84,7 @@ class orv_SharingWindowController final : private FolderScannerDelegate {
     void reloadTree();
 
     // scanning
+    void settleUnscanned();
     void startScanRequest(orv_FileSystemItem& item);
     void restartScanRequest(orv_FileSystemItem& item);
     void startScanTopLevelFolders();
@@ -99,6 +100,7 @@ class orv_SharingWindowController final : private FolderScannerDelegate {
     // filters
     void setIncludeFilters();
     void setVisibilityOfBackupSets();
+    void enableChoices();
     void showExludeFiltersInfo();
     void filtersChanged();
     void excludeSheetClosed(bool patternsChanged);
@@ -106,6 +108,7 @@ class orv_SharingWindowController final : private FolderScannerDelegate {
     // the summary
     void initStorageQuotaSettings();
     void refreshStorageSummary();
+    void showStorage();
     void storageInfoDidChange();
     [[nodiscard]] bool chartAllows() const;
     void showLeftOut();
@@ -134,8 +137,13 @@ class orv_SharingWindowController final : private FolderScannerDelegate {
     LeftOutSheet leftOut_;
     SummaryPanel storage_;
     std::optional<quelm::Array> selection_;
-    /// What was selected when the window opened, in bytes; known after the first scan.
-    std::optional<std::int64_t> selectionAtFirst_;
+    /// What was selected when the window opened, in bytes: as it was stored, until the first scan
+    /// has computed it.
+    std::int64_t selectionAtFirst_ = 0;
+    /// Nothing was changed yet, and the first scan has not ended.
+    bool isAsOpened_ = true;
+    /// Changes of the filters that are being read.
+    int pendingFilters_ = 0;
     std::set<std::uint32_t> loading_;
     std::set<std::uint32_t> shownUnscanned_;
     bool computationInProgress_ = false;
