@@ -28,7 +28,7 @@ TEST_F(TheSharingWindow, ShowsTheSizesOfWhatIsTicked) {
     EXPECT_EQ(outlets()._pieChartView.model().thisComputer, 104);
     EXPECT_EQ(outlets()._pieChartView.model().quota, 5'368'709'120);
     // hidden.txt, the link, and what is in the hidden folder
-    EXPECT_NE(outlets()._leftOutInfo.stringValue().find("the selection has 3 (1007 B)"),
+    EXPECT_NE(outlets()._leftOutInfo.stringValue().find("The selection has 3 of them (1007 B)"),
               std::string::npos)
         << outlets()._leftOutInfo.stringValue();
 }

@@ -118,7 +118,7 @@ void orv_SharingWindowController::showLeftOutTotals(const ScanLedger::Totals& to
     } else {
         outlets_._leftOutInfo.setStringValue(FormatLocalizedString(
             "Sharing.LeftOut",
-            "Hidden files and links are never backed up: the selection has %qd (%@).",
+            "Hidden files and links are never backed up. The selection has %qd of them (%@).",
             {files, size}));
     }
 }

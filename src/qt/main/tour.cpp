@@ -202,7 +202,7 @@ void chooseFolders(PanelHost& host, Viewer& viewer, const QString& folder, const
     rows.toggleItem(music);
     viewer.wait("sizes with the music", isComputed);
     shown._folderTree.selectItem(rowInHome(rows, home, "Documents"));
-    viewer.waitFor(shown._leftOutInfo, "of the selection");
+    viewer.waitFor(shown._leftOutInfo, "of them");
     takePicture(host, "SharingWindow", folder, QStringLiteral("folders-") + theme);
     shown._excludeButton.performClick();
     shown.exclude._filterField.enterText("*.txt");
